@@ -1,0 +1,33 @@
+#!/usr/bin/env bash
+# Runs a Windows program under Wine: run-under-wine.sh PROGRAM.exe [ARGUMENT...]
+#
+# The prefix lies in the build tree, two folders above the program (<build>/bin/PROGRAM.exe),
+# and is made on first use. A lock lets only one process make it. LC_ALL decides the system
+# code pages; German settings (ANSI 1252, OEM 850) unless the caller chose others.
+set -euo pipefail
+
+program=$(realpath "$1")
+shift
+build=$(dirname "$(dirname "$program")")
+
+export WINEPREFIX="${ZEL_WINEPREFIX:-$build/wineprefix}"
+export WINEDEBUG=-all
+export WINEDLLOVERRIDES="mscoree,mshtml="
+export LC_ALL="${ZEL_WINE_LC_ALL:-de_DE.UTF-8}"
+
+gcc_runtime=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-file-name=libstdc++-6.dll)")
+pthread_runtime=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-file-name=libwinpthread-1.dll)")
+WINEPATH="$(dirname "$program");$(realpath "$gcc_runtime");$(realpath "$pthread_runtime")"
+export WINEPATH
+
+mkdir -p "$WINEPREFIX"
+exec 9>"$WINEPREFIX.lock"
+flock 9
+if [ ! -e "$WINEPREFIX/.ready" ]; then
+  wine64 wineboot -i >/dev/null 2>&1 9>&-
+  wine64 reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null 2>&1 9>&-
+  touch "$WINEPREFIX/.ready"
+fi
+exec 9>&-
+
+exec wine64 "$program" "$@"
