@@ -53,7 +53,7 @@ typedef double DATE;
 
 /// A currency amount as OLE automation carries it: 1/10000 units in 64 bits.
 typedef union tagCY {
-    struct {
+    __extension__ struct {
         DWORD Lo;
         LONG Hi;
     };

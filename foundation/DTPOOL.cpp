@@ -1,0 +1,222 @@
+#include "foundation/DTPOOL.h"
+
+#ifndef ZELDT_NO_POOL
+
+#include <algorithm>
+#include <atomic>
+#include <cstdlib>
+#include <memory>
+#include <mutex>
+#include <thread>
+#include <utility>
+
+namespace zeldt {
+
+namespace {
+
+constexpr std::size_t kChunkSize = 64 * 1024;
+constexpr std::size_t kCacheLine = 64;
+
+struct Chunk {
+    Chunk* next;
+    void* blocks;
+};
+
+/// The cache of a thread and its place in the list of all of them.
+struct ListedCache : ThreadCache {
+    ListedCache* previous;
+    ListedCache* next;
+};
+
+/// A lock that needs neither construction nor destruction. It is held for a few instructions on
+/// slow ways only, so whoever waits gives its turn away.
+class Lock
+{
+public:
+    void lock() noexcept
+    {
+        while (m_taken.test_and_set(std::memory_order_acquire))
+            std::this_thread::yield();
+    }
+    void unlock() noexcept { m_taken.clear(std::memory_order_release); }
+
+private:
+    std::atomic_flag m_taken;
+};
+
+/// What all threads share. Trivially constructed and never destroyed, so that it can be used
+/// before and after every static object; Close gives back what it can.
+struct Store {
+    Lock lock;
+    FreeBlock* batches[kBlockSizeCount]; // lists of batches
+    std::size_t freeBlocks[kBlockSizeCount];
+    std::size_t carvedBlocks[kBlockSizeCount];
+    Chunk* chunks;
+    ListedCache* caches;
+    bool closed;
+};
+
+constinit Store store{};
+
+std::size_t Count(const FreeBlock* block)
+{
+    std::size_t count = 0;
+    for (; block != nullptr; block = block->next)
+        ++count;
+    return count;
+}
+
+/// Both need the lock.
+void AddBatch(std::size_t index, FreeBlock* first, std::size_t count)
+{
+    first->nextBatch = store.batches[index];
+    store.batches[index] = first;
+    store.freeBlocks[index] += count;
+}
+
+FreeBlock* TakeBatch(std::size_t index)
+{
+    FreeBlock* const first = store.batches[index];
+    if (first == nullptr)
+        return nullptr;
+    store.batches[index] = first->nextBatch;
+    store.freeBlocks[index] -= Count(first);
+    return first;
+}
+
+/// Makes a chunk, files all but the first batch of it and returns that one. Needs the lock.
+FreeBlock* CarveChunk(std::size_t index)
+{
+    const std::size_t size = kBlockSizes[index];
+    auto* const chunk = static_cast<Chunk*>(std::malloc(sizeof(Chunk)));
+    void* const memory = std::malloc(kChunkSize + kCacheLine);
+    if (chunk == nullptr || memory == nullptr) {
+        std::free(chunk);
+        std::free(memory);
+        throw std::bad_alloc();
+    }
+    store.chunks = new (chunk) Chunk{store.chunks, memory};
+
+    void* aligned = memory;
+    std::size_t space = kChunkSize + kCacheLine;
+    std::align(kCacheLine, kChunkSize, aligned, space);
+    auto* const bytes = static_cast<unsigned char*>(aligned);
+    const std::size_t blocks = kChunkSize / size;
+    store.carvedBlocks[index] += blocks;
+    // From the end, so that each batch lists its blocks in ascending order and the batch with the
+    // lowest addresses comes first.
+    for (std::size_t end = blocks; end != 0; end -= kBatchLength) {
+        FreeBlock* first = nullptr;
+        for (std::size_t i = end; i != end - kBatchLength; --i)
+            first = new (bytes + (i - 1) * size) FreeBlock{first, nullptr};
+        AddBatch(index, first, kBatchLength);
+    }
+    return TakeBatch(index);
+}
+static_assert(kChunkSize / kBlockSizes[0] % kBatchLength == 0);
+static_assert(kChunkSize / kBlockSizes[1] % kBatchLength == 0);
+
+/// The cache of the calling thread, made if need be; null after the end of the library or when
+/// memory is exhausted.
+ThreadCache* CacheOfThread()
+{
+    if (void* const known = zelrt::GetThreadPointer())
+        return static_cast<ThreadCache*>(known);
+    const std::lock_guard guard(store.lock);
+    if (store.closed)
+        return nullptr;
+    auto* const cache = static_cast<ListedCache*>(std::calloc(1, sizeof(ListedCache)));
+    if (cache == nullptr)
+        return nullptr;
+    cache->next = store.caches;
+    if (store.caches != nullptr)
+        store.caches->previous = cache;
+    store.caches = cache;
+    zelrt::SetThreadPointer(static_cast<ThreadCache*>(cache));
+    return cache;
+}
+
+/// Hands all blocks of a cache to the store and deletes the cache. Needs the lock.
+void Dissolve(ListedCache* cache)
+{
+    for (std::size_t index = 0; index < kBlockSizeCount; ++index) {
+        const FreeList list = cache->lists[index];
+        if (list.first != nullptr)
+            AddBatch(index, list.first, list.count);
+    }
+    (cache->previous != nullptr ? cache->previous->next : store.caches) = cache->next;
+    if (cache->next != nullptr)
+        cache->next->previous = cache->previous;
+    std::free(cache);
+}
+
+void AtThreadEnd(void* pointer)
+{
+    const std::lock_guard guard(store.lock);
+    Dissolve(static_cast<ListedCache*>(static_cast<ThreadCache*>(pointer)));
+}
+
+/// Gives the chunks back when no block is in use any more; blocks in use keep all of them.
+void Close()
+{
+    zelrt::CloseThreadSlot();
+    const std::lock_guard guard(store.lock);
+    store.closed = true;
+    while (store.caches != nullptr)
+        Dissolve(store.caches);
+    if (!std::equal(store.freeBlocks, store.freeBlocks + kBlockSizeCount, store.carvedBlocks))
+        return;
+    while (Chunk* const chunk = store.chunks) {
+        store.chunks = chunk->next;
+        std::free(chunk->blocks);
+        std::free(chunk);
+    }
+}
+
+/// Opened before and closed after every other static object of the library.
+struct Lifetime {
+    Lifetime() { zelrt::OpenThreadSlot(&AtThreadEnd); }
+    ~Lifetime() { Close(); }
+};
+__attribute__((init_priority(101))) const Lifetime lifetime;
+
+} // namespace
+
+void* TakeFromStore(std::size_t sizeIndex)
+{
+    ThreadCache* const cache = CacheOfThread();
+    if (cache == nullptr)
+        return ::operator new(kBlockSizes[sizeIndex]);
+    FreeBlock* batch = nullptr;
+    {
+        const std::lock_guard guard(store.lock);
+        batch = TakeBatch(sizeIndex);
+        if (batch == nullptr)
+            batch = CarveChunk(sizeIndex);
+    }
+    cache->lists[sizeIndex] = {batch->next, Count(batch->next)};
+    return batch;
+}
+
+void ReturnToStore(void* block, std::size_t sizeIndex) noexcept
+{
+    ThreadCache* const cache = CacheOfThread();
+    if (cache == nullptr)
+        return; // the store is closed: the process, and the memory with it, is about to go
+    FreeList& list = cache->lists[sizeIndex];
+    if (list.count >= kMaxListLength) {
+        FreeBlock* last = list.first;
+        for (std::size_t i = 1; i < kBatchLength; ++i)
+            last = last->next;
+        FreeBlock* const batch = std::exchange(list.first, std::exchange(last->next, nullptr));
+        list.count -= kBatchLength;
+        const std::lock_guard guard(store.lock);
+        AddBatch(sizeIndex, batch, kBatchLength);
+    }
+    list.first = new (block) FreeBlock{list.first, nullptr};
+    ++list.count;
+}
+
+} // namespace zeldt
+
+#endif

@@ -1,0 +1,130 @@
+#ifndef ZELDT_FOUNDATION_DTPOOL_H
+#define ZELDT_FOUNDATION_DTPOOL_H
+
+/// Small blocks for value objects: the state record and the implementation object of each value.
+///
+/// Every thread keeps free lists of blocks of two sizes; taking and returning a block touches only
+/// its own list. A block that is freed on another thread joins that thread's list. A list that has
+/// grown long hands a batch to a common store, where other threads find it, so memory stays
+/// bounded by the blocks in use and a few batches a thread; a thread that ends hands back all.
+/// Fresh blocks are carved in order from chunks aligned to cache lines, so the two blocks of a
+/// value made by fresh blocks share a line.
+///
+/// Without ZELDT_POOL the blocks come from the global allocation functions, so that sanitizers see
+/// each of them. Private to the library.
+
+#include <cstddef>
+#include <new>
+
+#ifndef ZELDT_NO_POOL
+#include "platform/runtime/threadslot.h"
+#endif
+
+namespace zeldt {
+
+#ifndef ZELDT_NO_POOL
+
+/// A block that nobody uses.
+struct FreeBlock {
+    FreeBlock* next;
+    FreeBlock* nextBatch; ///< only in the first block of a batch in the common store
+};
+
+/// The free blocks of one size on one thread.
+struct FreeList {
+    FreeBlock* first;
+    std::size_t count;
+};
+
+inline constexpr std::size_t kBlockSizes[] = {32, 64};
+inline constexpr std::size_t kBlockSizeCount = sizeof kBlockSizes / sizeof kBlockSizes[0];
+
+/// Longest list that a thread keeps to itself, and what it hands over when it grows beyond.
+inline constexpr std::size_t kMaxListLength = 2048;
+inline constexpr std::size_t kBatchLength = 256;
+
+struct ThreadCache {
+    FreeList lists[kBlockSizeCount];
+};
+
+/// The slow ways: the thread has no list yet, its list is empty, or its list is full.
+void* TakeFromStore(std::size_t sizeIndex);
+void ReturnToStore(void* block, std::size_t sizeIndex) noexcept;
+
+constexpr std::size_t SizeIndexOf(std::size_t size)
+{
+    std::size_t index = 0;
+    while (index < kBlockSizeCount && kBlockSizes[index] < size)
+        ++index;
+    return index;
+}
+
+template <std::size_t Size>
+inline void* TakeBlock()
+{
+    constexpr std::size_t index = SizeIndexOf(Size);
+    static_assert(index < kBlockSizeCount, "no block is that large");
+    if (auto* cache = static_cast<ThreadCache*>(zelrt::GetThreadPointer())) {
+        FreeList& list = cache->lists[index];
+        if (FreeBlock* const block = list.first) {
+            list.first = block->next;
+            --list.count;
+            return block;
+        }
+    }
+    return TakeFromStore(index);
+}
+
+template <std::size_t Size>
+inline void ReturnBlock(void* memory) noexcept
+{
+    constexpr std::size_t index = SizeIndexOf(Size);
+    if (auto* cache = static_cast<ThreadCache*>(zelrt::GetThreadPointer())) {
+        FreeList& list = cache->lists[index];
+        if (list.count < kMaxListLength) {
+            list.first = new (memory) FreeBlock{list.first, nullptr};
+            ++list.count;
+            return;
+        }
+    }
+    ReturnToStore(memory, index);
+}
+
+#else
+
+template <std::size_t Size>
+inline void* TakeBlock()
+{
+    return ::operator new(Size);
+}
+
+template <std::size_t Size>
+inline void ReturnBlock(void* memory) noexcept
+{
+    ::operator delete(memory, Size);
+}
+
+#endif
+
+/// Base of a final class whose objects come from the pool. Throws std::bad_alloc when memory is
+/// exhausted.
+template <typename Object>
+class Pooled
+{
+public:
+    static void* operator new(std::size_t) { return TakeBlock<sizeof(Object)>(); }
+
+    static void operator delete(void* memory) noexcept
+    {
+        if (memory != nullptr)
+            ReturnBlock<sizeof(Object)>(memory);
+    }
+
+protected:
+    Pooled() = default;
+    ~Pooled() = default;
+};
+
+} // namespace zeldt
+
+#endif

@@ -1,0 +1,13 @@
+#ifndef ZELDT_H
+#define ZELDT_H
+
+/// Everything that the value library ZELQRNDT017 offers.
+
+#include <ZELQRNDT017/foundation/DTBASIS.h>
+#include <ZELQRNDT017/foundation/DTEXCEP.h>
+#include <ZELQRNDT017/foundation/DT_IUTIL.h>
+#include <ZELQRNDT017/numeric/DTLONG.h>
+#include <ZELQRNDT017/platform/formats/ZelFormat.h>
+#include <ZELQRNDT017/text/DTSTRING.h>
+
+#endif

@@ -1,0 +1,38 @@
+#ifndef ZELDT_PLATFORM_FORMATS_DATETEXT_H
+#define ZELDT_PLATFORM_FORMATS_DATETEXT_H
+
+/// Dates and times of day as texts. The targets are set on success only.
+
+#include "platform/formats/rules.h"
+#include "platform/formats/status.h"
+
+#include <ctime>
+#include <string>
+#include <string_view>
+
+namespace zelformat {
+
+/// What a value is to the modes, which show every type in its own way.
+enum class DateScope : unsigned char { DateTime, DateOnly };
+
+const DateRules& DateRulesOfMode(const ModeRules& mode, DateScope scope) noexcept;
+
+/// Latest calendar year that is shown and read; the earliest is 0.
+inline constexpr int kLatestYear = 32767;
+
+/// OutOfRange when the parts to be shown are no date of the calendar or no time of day; parts that
+/// are not shown may hold anything.
+Status ShowDate(const std::tm& value, const DateRules& rules, std::string& text);
+
+/// Blanks around the text are ignored; the year may have two digits (of the current century), four
+/// or five. A missing time is midnight. What the rules do not show stays as it is in `value`,
+/// except that seconds become 0 with the time. Mismatch for a text of another shape, OutOfRange
+/// for a date that the calendar does not have or a time beyond 23:59:59.
+///
+/// Without a separator, and with DateOnly in addition to the separated form, day and month number
+/// have two digits each.
+Status ReadDate(std::string_view text, const DateRules& rules, DateScope scope, std::tm& value);
+
+} // namespace zelformat
+
+#endif

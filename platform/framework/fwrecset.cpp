@@ -1,0 +1,421 @@
+// Record sets: the fields of a record, their marks, and the way to the engine.
+
+#include "platform/framework/fwrecset.h"
+
+#include "platform/framework/fwfields.h"
+
+#include <atomic>
+
+IMPLEMENT_DYNAMIC(CRecordset, CObject)
+
+namespace {
+
+std::atomic<CRecordsetEngineFactory> engineFactory{nullptr};
+
+/// Takes off the separator that follows the last field.
+CString WithoutSeparator(const CString& text, LPCTSTR separator)
+{
+    return text.Left(text.GetLength() - CString(separator).GetLength());
+}
+
+void CheckOneRecord(LONGLONG count)
+{
+    if (count != 1)
+        AfxThrowDBException(count < 1 ? AFX_SQL_ERROR_NO_ROWS_AFFECTED
+                                      : AFX_SQL_ERROR_MULTIPLE_ROWS_AFFECTED);
+}
+
+} // namespace
+
+CRecordsetEngine::~CRecordsetEngine() = default;
+
+CRecordset::CRecordset(CDatabase* pDatabase)
+    : m_pDatabase(pDatabase), m_fields(std::make_unique<zelfw::RecordsetFields>())
+{}
+
+CRecordset::~CRecordset()
+{
+    if (m_engine)
+        m_engine->Close();
+}
+
+CRecordsetEngineFactory CRecordset::SetEngineFactory(CRecordsetEngineFactory factory)
+{
+    return engineFactory.exchange(factory);
+}
+
+void CRecordset::DoFieldExchange(CFieldExchange*) {}
+
+CString CRecordset::GetDefaultConnect()
+{
+    return CString();
+}
+
+CString CRecordset::GetDefaultSQL()
+{
+    return CString();
+}
+
+// Passes over the fields
+
+void CRecordset::CheckCounts(const CFieldExchange& pass) const
+{
+    if ((m_nFields != 0 && m_nFields != pass.m_nFields) ||
+        (m_nParams != 0 && m_nParams != pass.m_nParams))
+        AfxThrowDBException(AFX_SQL_ERROR_FIELD_SCHEMA_MISMATCH,
+                            "The number of fields or parameters is wrong.");
+}
+
+void CRecordset::Exchange(UINT operation)
+{
+    CFieldExchange pass(operation, this);
+    DoFieldExchange(&pass);
+    CheckCounts(pass);
+}
+
+void CRecordset::Prepare()
+{
+    if (m_fields->isPrepared)
+        return;
+    Exchange(CFieldExchange::BindFieldToColumn);
+    m_fields->isPrepared = true;
+}
+
+BOOL CRecordset::ExchangeMark(UINT operation, const void* pv, BOOL mark)
+{
+    Prepare();
+    CFieldExchange pass(operation, this, pv);
+    pass.m_bMark = mark;
+    DoFieldExchange(&pass);
+    if (pv != nullptr && !pass.m_bFieldFound)
+        AfxThrowDBException(ZELFW_SQL_ERROR_NO_SUCH_FIELD);
+    return pass.m_bMark;
+}
+
+BOOL CRecordset::IsFieldNull(const void* pv)
+{
+    return ExchangeMark(CFieldExchange::IsFieldNull, pv, FALSE);
+}
+
+void CRecordset::SetFieldNull(const void* pv, BOOL bNull)
+{
+    ExchangeMark(CFieldExchange::SetFieldNull, pv, bNull);
+}
+
+BOOL CRecordset::IsFieldDirty(const void* pv)
+{
+    return ExchangeMark(CFieldExchange::IsFieldDirty, pv, FALSE);
+}
+
+void CRecordset::SetFieldDirty(const void* pv, BOOL bDirty)
+{
+    ExchangeMark(CFieldExchange::SetFieldDirty, pv, bDirty);
+}
+
+BOOL CRecordset::IsFieldNullable(const void* pv)
+{
+    return ExchangeMark(CFieldExchange::IsFieldNullable, pv, FALSE);
+}
+
+// Opening
+
+CRecordsetEngine& CRecordset::Engine() const
+{
+    if (!m_engine)
+        AfxThrowDBException(ZELFW_SQL_ERROR_NO_DATABASE);
+    return *m_engine;
+}
+
+CRecordsetQuery CRecordset::MakeQuery()
+{
+    CRecordsetQuery query;
+    query.openType = m_nOpenType;
+    query.options = m_dwOptions;
+    query.sql = m_strSQL;
+    query.connect = GetDefaultConnect();
+    query.filter = m_strFilter;
+    query.sort = m_strSort;
+    for (const zelfw::FieldState& field : m_fields->columns)
+        query.columns.push_back(field.description);
+
+    CFieldExchange pass(CFieldExchange::BindParam, this);
+    pass.m_pTransfers = &query.parameters;
+    DoFieldExchange(&pass);
+    CheckCounts(pass);
+    return query;
+}
+
+void CRecordset::RunQuery()
+{
+    m_fields->mode = zelfw::EditMode::None;
+    m_hasRecord = false;
+    m_isDeleted = false;
+    m_position = CRecordPosition::Empty;
+    Engine().Open(MakeQuery());
+    MoveTo(CRecordMove::First, 0);
+}
+
+BOOL CRecordset::Open(UINT nOpenType, LPCTSTR lpszSQL, DWORD dwOptions)
+{
+    if (m_engine)
+        AfxThrowDBException(AFX_SQL_ERROR_ILLEGAL_MODE);
+    m_fields->isPrepared = false;
+    Prepare();
+    if (m_fields->columns.empty())
+        AfxThrowDBException(AFX_SQL_ERROR_EMPTY_COLUMN_LIST);
+    m_nOpenType = nOpenType == AFX_DB_USE_DEFAULT_TYPE ? m_nDefaultType : nOpenType;
+    m_dwOptions = dwOptions;
+    m_strSQL = lpszSQL != nullptr ? CString(lpszSQL) : GetDefaultSQL();
+
+    const CRecordsetEngineFactory factory = engineFactory.load();
+    if (factory != nullptr)
+        m_engine = factory(*this);
+    m_fields->engine = m_engine.get();
+    try {
+        RunQuery();
+    } catch (...) {
+        Close();
+        throw;
+    }
+    return TRUE;
+}
+
+BOOL CRecordset::Requery()
+{
+    Engine().Close();
+    try {
+        RunQuery();
+    } catch (...) {
+        Close();
+        throw;
+    }
+    return TRUE;
+}
+
+void CRecordset::Close()
+{
+    if (m_engine)
+        m_engine->Close();
+    m_fields->engine = nullptr;
+    m_fields->mode = zelfw::EditMode::None;
+    m_engine.reset();
+    m_position = CRecordPosition::Empty;
+    m_hasRecord = false;
+    m_isDeleted = false;
+}
+
+BOOL CRecordset::IsOpen() const
+{
+    return m_engine != nullptr;
+}
+
+const CString& CRecordset::GetSQL() const
+{
+    return m_strSQL;
+}
+
+// Moving
+
+void CRecordset::ReadRecord()
+{
+    // All columns are fetched and checked before the first member changes.
+    UINT column = 0;
+    for (zelfw::FieldState& field : m_fields->columns) {
+        field.fetched = CFieldValue();
+        field.fetched.kind = field.description.kind;
+        Engine().GetValue(++column, field.fetched);
+        zelfw::CheckFieldValue(field.description, field.fetched);
+    }
+    Exchange(CFieldExchange::Fixup);
+    m_hasRecord = true;
+}
+
+void CRecordset::MoveTo(CRecordMove move, LONGLONG rows)
+{
+    CRecordsetEngine& engine = Engine();
+    CancelUpdate();
+    m_hasRecord = false;
+    m_isDeleted = false;
+    m_position = engine.Move(move, rows);
+    if (m_position == CRecordPosition::OnRecord)
+        ReadRecord();
+}
+
+void CRecordset::RequireRecords() const
+{
+    Engine();
+    if (m_position == CRecordPosition::Empty)
+        AfxThrowDBException(AFX_SQL_ERROR_NO_CURRENT_RECORD);
+}
+
+void CRecordset::Move(long nRows)
+{
+    RequireRecords();
+    if ((nRows > 0 && IsEOF()) || (nRows < 0 && IsBOF()))
+        AfxThrowDBException(AFX_SQL_ERROR_NO_CURRENT_RECORD);
+    MoveTo(CRecordMove::Relative, nRows);
+}
+
+void CRecordset::MoveNext()
+{
+    Move(1);
+}
+
+void CRecordset::MovePrev()
+{
+    Move(-1);
+}
+
+void CRecordset::MoveFirst()
+{
+    RequireRecords();
+    MoveTo(CRecordMove::First, 0);
+}
+
+void CRecordset::MoveLast()
+{
+    RequireRecords();
+    MoveTo(CRecordMove::Last, 0);
+}
+
+void CRecordset::SetAbsolutePosition(long nRows)
+{
+    RequireRecords();
+    MoveTo(CRecordMove::Absolute, nRows);
+}
+
+BOOL CRecordset::IsBOF() const
+{
+    return m_position == CRecordPosition::BeforeFirst || m_position == CRecordPosition::Empty;
+}
+
+BOOL CRecordset::IsEOF() const
+{
+    return m_position == CRecordPosition::AfterLast || m_position == CRecordPosition::Empty;
+}
+
+BOOL CRecordset::IsDeleted() const
+{
+    return m_isDeleted;
+}
+
+BOOL CRecordset::CanAppend() const
+{
+    return Engine().CanAppend();
+}
+
+BOOL CRecordset::CanUpdate() const
+{
+    return Engine().CanUpdate();
+}
+
+BOOL CRecordset::CanScroll() const
+{
+    return Engine().CanScroll();
+}
+
+BOOL CRecordset::CanRestart() const
+{
+    return Engine().CanScroll();
+}
+
+long CRecordset::GetRecordCount() const
+{
+    return m_engine ? m_engine->GetRecordCount() : 0;
+}
+
+// Changing
+
+void CRecordset::RequireUpdatable(bool can) const
+{
+    if (!can)
+        AfxThrowDBException(AFX_SQL_ERROR_RECORDSET_READONLY);
+}
+
+void CRecordset::RequireRecord() const
+{
+    if (!m_hasRecord)
+        AfxThrowDBException(AFX_SQL_ERROR_NO_CURRENT_RECORD);
+}
+
+void CRecordset::AddNew()
+{
+    RequireUpdatable(!m_engine || m_engine->CanAppend());
+    Prepare();
+    CancelUpdate();
+    Exchange(CFieldExchange::StoreField);
+    m_fields->mode = zelfw::EditMode::Adding;
+    Exchange(CFieldExchange::ClearField);
+}
+
+void CRecordset::Edit()
+{
+    if (m_engine) {
+        RequireRecord();
+        RequireUpdatable(m_engine->CanUpdate());
+    }
+    Prepare();
+    CancelUpdate();
+    Exchange(CFieldExchange::StoreField);
+    m_fields->mode = zelfw::EditMode::Editing;
+}
+
+void CRecordset::CancelUpdate()
+{
+    if (m_fields->mode == zelfw::EditMode::None)
+        return;
+    Exchange(CFieldExchange::LoadField);
+    m_fields->mode = zelfw::EditMode::None;
+}
+
+CFieldChanges CRecordset::CollectChanges()
+{
+    const bool isNew = m_fields->mode == zelfw::EditMode::Adding;
+    Exchange(isNew ? CFieldExchange::MarkForAddNew : CFieldExchange::MarkForUpdate);
+
+    CFieldChanges changes;
+    CFieldExchange names(CFieldExchange::Name, this);
+    names.m_pstr = &changes.names;
+    if (isNew)
+        DoFieldExchange(&names);
+
+    CFieldExchange values(isNew ? CFieldExchange::Value : CFieldExchange::NameValue, this);
+    values.m_pstr = &changes.markers;
+    values.m_pTransfers = &changes.fields;
+    DoFieldExchange(&values);
+
+    if (isNew && !changes.fields.empty())
+        changes.names = WithoutSeparator(changes.names, names.m_lpszSeparator);
+    if (!changes.fields.empty())
+        changes.markers = WithoutSeparator(changes.markers, values.m_lpszSeparator);
+    return changes;
+}
+
+BOOL CRecordset::Update()
+{
+    if (m_fields->mode == zelfw::EditMode::None)
+        AfxThrowDBException(AFX_SQL_ERROR_ILLEGAL_MODE);
+    CRecordsetEngine& engine = Engine();
+    const bool isNew = m_fields->mode == zelfw::EditMode::Adding;
+    const CFieldChanges changes = CollectChanges();
+    const bool hasChanges = !changes.fields.empty();
+    if (hasChanges)
+        CheckOneRecord(isNew ? engine.Insert(changes) : engine.Update(changes));
+    // What was written becomes what later changes are compared with.
+    Exchange(isNew ? CFieldExchange::LoadField : CFieldExchange::StoreField);
+    m_fields->mode = zelfw::EditMode::None;
+    return hasChanges;
+}
+
+void CRecordset::Delete()
+{
+    CRecordsetEngine& engine = Engine();
+    if (m_fields->mode != zelfw::EditMode::None)
+        AfxThrowDBException(AFX_SQL_ERROR_ILLEGAL_MODE);
+    RequireRecord();
+    RequireUpdatable(engine.CanUpdate());
+    CheckOneRecord(engine.Delete());
+    Exchange(CFieldExchange::ClearField);
+    m_hasRecord = false;
+    m_isDeleted = true;
+}

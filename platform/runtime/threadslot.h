@@ -1,0 +1,58 @@
+#ifndef ZELDT_PLATFORM_RUNTIME_THREADSLOT_H
+#define ZELDT_PLATFORM_RUNTIME_THREADSLOT_H
+
+/// One pointer for each thread, as cheap to read as the target allows, and a call when a thread
+/// ends. Each library that links the runtime has one slot of its own.
+/// Private to this project; not installed.
+
+namespace zelrt {
+
+/// Called on the ending thread with the pointer that the thread had set.
+using ThreadEndHandler = void (*)(void* pointer);
+
+/// Opens the slot. To be called once while the library is being loaded.
+void OpenThreadSlot(ThreadEndHandler handler) noexcept;
+
+/// Closes the slot: no handler is called any more, and the calling thread's pointer is null. To be
+/// called once while the library is being unloaded.
+void CloseThreadSlot() noexcept;
+
+/// Sets the pointer of the calling thread. One that is not null is handed to the handler when the
+/// thread ends; the pointer is null by then.
+void SetThreadPointer(void* pointer) noexcept;
+
+} // namespace zelrt
+
+#ifdef _WIN32
+
+#include "platform/runtime/wintypes.h"
+
+namespace zelrt {
+
+extern DWORD threadSlotIndex;
+
+/// The pointer of the calling thread; null before it was set.
+inline void* GetThreadPointer() noexcept
+{
+    return TlsGetValue(threadSlotIndex);
+}
+
+} // namespace zelrt
+
+#else
+
+namespace zelrt {
+
+extern constinit thread_local void* threadSlotPointer __attribute__((tls_model("initial-exec")));
+
+/// The pointer of the calling thread; null before it was set.
+inline void* GetThreadPointer() noexcept
+{
+    return threadSlotPointer;
+}
+
+} // namespace zelrt
+
+#endif
+
+#endif

@@ -1,0 +1,141 @@
+#include "text/DTSTRING.h"
+
+#include "foundation/DTGUARD.h"
+#include "numeric/DTLONG.h"
+#include "text/IMP/dtstrini.h"
+
+IMPLEMENT_SERIAL(ZelDtString, ZelDtBasis, 1)
+
+const int ZelDtString::kiSingle;
+const int ZelDtString::kiAll;
+const int ZelDtString::kiFirst;
+const int ZelDtString::kiNext;
+const int ZelDtString::kiNotFound;
+const int ZelDtString::kiLeft;
+const int ZelDtString::kiRight;
+const int ZelDtString::kiLeftRight;
+const int ZelDtString::kiDefaultLength;
+
+namespace {
+
+using zeldt::ErrorNo;
+using zeldt::Guarded;
+using zeldt::Operation;
+
+constexpr Operation Op(const char* signature)
+{
+    return {"DTSTRING", "ZelDtString", signature};
+}
+
+constexpr Operation kFromMode = Op("ZelDtString(ZelDtWorkingMode)");
+constexpr Operation kFromText = Op("ZelDtString(LPCTSTR,INT,INT)");
+constexpr Operation kFromCString = Op("ZelDtString(CString&)");
+constexpr Operation kFromWideText = Op("ZelDtString(BSTR&)");
+constexpr Operation kFromChar = Op("ZelDtString(TCHAR)");
+constexpr Operation kFromInt = Op("ZelDtString(INT)");
+constexpr Operation kFromUInt = Op("ZelDtString(UINT)");
+constexpr Operation kCopy = Op("ZelDtString(ZelDtString&)");
+constexpr Operation kFromLong = Op("ZelDtString(ZelDtLong&)");
+constexpr Operation kToCString = Op("operatorCString()");
+constexpr Operation kToWideText = Op("operatorBSTR()");
+
+ZelDtString_Imp* NewText(const CString& text)
+{
+    return new ZelDtString_Imp({text.GetString(), static_cast<std::size_t>(text.GetLength())},
+                               text.GetLength(), text.GetLength());
+}
+
+} // namespace
+
+ZelDtString::ZelDtString(ZelDtWorkingMode mode)
+    : ZelDtBasis(0, mode), m_pImp(Guarded(kFromMode, [] { return new ZelDtString_Imp; }))
+{
+}
+
+ZelDtString::ZelDtString(const char* text, int length, int allocLength)
+    : ZelDtBasis(1, ZelDtWmDefault), m_pImp(nullptr)
+{
+    if (text == nullptr)
+        zeldt::Raise(kFromText, ErrorNo::InitialValue);
+    const int checked = ZelDtString_Imp::CheckedLength(text, length, kiDefaultLength);
+    m_pImp = Guarded(kFromText, [=] {
+        const std::size_t available = *text != '\0' ? static_cast<std::size_t>(checked) : 0;
+        return new ZelDtString_Imp({text, available}, checked, allocLength);
+    });
+}
+
+ZelDtString::ZelDtString(const CString& text)
+    : ZelDtBasis(1, ZelDtWmDefault), m_pImp(Guarded(kFromCString, [&] { return NewText(text); }))
+{
+}
+
+ZelDtString::ZelDtString(unsigned short* const& text)
+    : ZelDtBasis(1, ZelDtWmDefault), m_pImp(Guarded(kFromWideText, [&] {
+          return NewText(CString(reinterpret_cast<LPCOLESTR>(text)));
+      }))
+{
+}
+
+ZelDtString::ZelDtString(char character)
+    : ZelDtBasis(1, ZelDtWmDefault),
+      m_pImp(Guarded(kFromChar, [=] { return new ZelDtString_Imp(character); }))
+{
+}
+
+ZelDtString::ZelDtString(int number)
+    : ZelDtBasis(1, ZelDtWmDefault),
+      m_pImp(Guarded(kFromInt, [=] { return new ZelDtString_Imp(std::int32_t{number}); }))
+{
+}
+
+ZelDtString::ZelDtString(unsigned int number)
+    : ZelDtBasis(1, ZelDtWmDefault),
+      m_pImp(Guarded(kFromUInt, [=] { return new ZelDtString_Imp(std::uint32_t{number}); }))
+{
+}
+
+ZelDtString::ZelDtString(const ZelDtString& source)
+    : ZelDtBasis(source),
+      m_pImp(Guarded(kCopy, [&] { return new ZelDtString_Imp(*source.m_pImp); }))
+{
+}
+
+ZelDtString::ZelDtString(const ZelDtLong& source)
+    : ZelDtBasis(source), m_pImp(Guarded(kFromLong, [&] {
+          return source.IsDefined()
+                     ? new ZelDtString_Imp(static_cast<std::int32_t>(static_cast<long>(source)))
+                     : new ZelDtString_Imp;
+      }))
+{
+}
+
+ZelDtString::ZelDtString(ZelDtString_Imp* imp) : ZelDtBasis(1, ZelDtWmDefault), m_pImp(imp) {}
+
+ZelDtString::~ZelDtString()
+{
+    delete m_pImp;
+    m_pImp = nullptr;
+}
+
+ZelDtTyps ZelDtString::GetDtTyp() const
+{
+    return ZelDtTypString;
+}
+
+ZelDtString::operator const char*() const
+{
+    return m_pImp->Text();
+}
+
+ZelDtString::operator CString() const
+{
+    return Guarded(kToCString, [&] { return CString(m_pImp->Text(), m_pImp->Length()); });
+}
+
+ZelDtString::operator unsigned short*() const
+{
+    return Guarded(kToWideText, [&] {
+        const CString text(m_pImp->Text(), m_pImp->Length());
+        return reinterpret_cast<unsigned short*>(text.AllocSysString());
+    });
+}

@@ -1,0 +1,290 @@
+#include "text/DTSTRING.h"
+
+#include "foundation/DTGUARD.h"
+#include "foundation/DTSORT.h"
+#include "text/IMP/dtstrini.h"
+
+#include <cstring>
+
+namespace {
+
+using zeldt::ErrorNo;
+using zeldt::Guarded;
+using zeldt::Operation;
+using zeldt::Raise;
+
+constexpr Operation Op(const char* signature)
+{
+    return {"DTSTROPE", "ZelDtString", signature};
+}
+
+constexpr Operation kIndex = Op("operator[](INT)");
+
+constexpr Operation kAssignString = Op("operator=(ZelDtString&)");
+constexpr Operation kAssignText = Op("operator=(LPCTSTR)");
+constexpr Operation kAssignCString = Op("operator=(CString)");
+constexpr Operation kAssignWideText = Op("operator=(BSTR)");
+constexpr Operation kAssignChar = Op("operator=(TCHAR)");
+
+constexpr Operation kAppendString = Op("operator+=(ZelDtString&)");
+constexpr Operation kAppendText = Op("operator+=(LPCTSTR)");
+constexpr Operation kAppendCString = Op("operator+=(CString)");
+constexpr Operation kAppendChar = Op("operator+=(TCHAR)");
+
+constexpr Operation kPlusString = Op("operator+(ZelDtString&)");
+constexpr Operation kPlusText = Op("operator+(LPCTSTR)");
+constexpr Operation kPlusCString = Op("operator+(CString)");
+constexpr Operation kPlusChar = Op("operator+(TCHAR)");
+constexpr Operation kTextPlus = Op("operator+(LPCTSTR,ZelDtString&)");
+constexpr Operation kCharPlus = Op("operator+(TCHAR,ZelDtString&)");
+
+constexpr Operation kEqual = Op("operator==(ZelDtString&)");
+constexpr Operation kUnequal = Op("operator!=(ZelDtString&)");
+constexpr Operation kEqualText = Op("operator==(LPCTSTR)");
+constexpr Operation kUnequalText = Op("operator!=(LPCTSTR)");
+constexpr Operation kLess = Op("operator<(ZelDtString&)");
+constexpr Operation kGreater = Op("operator>(ZelDtString&)");
+constexpr Operation kLessOrEqual = Op("operator<=(ZelDtString&)");
+constexpr Operation kGreaterOrEqual = Op("operator>=(ZelDtString&)");
+
+/// What an undefined operand contributes.
+constexpr std::string_view kNoText("", 0);
+
+std::string_view ViewOf(const CString& text)
+{
+    return {text.GetString(), static_cast<std::size_t>(text.GetLength())};
+}
+
+/// The text of an argument that must not be null.
+std::string_view RequiredView(const Operation& operation, const char* text)
+{
+    if (text == nullptr)
+        Raise(operation, ErrorNo::InitialValue);
+    return text;
+}
+
+void CheckLength(const Operation& operation, std::size_t length)
+{
+    if (length >= static_cast<std::size_t>(ZelDtString_Imp::kMaxLength))
+        Raise(operation, ErrorNo::OutOfRange);
+}
+
+void CheckReadable(const Operation& operation, const ZelDtBasis& value)
+{
+    if (value.IsMissing())
+        Raise(operation, ErrorNo::UndefinedValue);
+}
+
+void CheckReadable(const Operation& operation, const ZelDtBasis& left, const ZelDtBasis& right)
+{
+    CheckReadable(operation, left);
+    CheckReadable(operation, right);
+}
+
+int Order(std::string_view left, std::string_view right)
+{
+    return zeldt::CompareInHouseOrder(left.data(), left.size(), right.data(), right.size());
+}
+
+} // namespace
+
+char ZelDtString::operator[](int index) const
+{
+    if (index < 0 || index >= m_pImp->Length())
+        Raise(kIndex, ErrorNo::StringIndex);
+    return m_pImp->Text()[index];
+}
+
+// Assignment
+
+ZelDtString& ZelDtString::operator=(const ZelDtString& source)
+{
+    if (this == &source)
+        return *this;
+    if (source.IsDefined()) {
+        AssignText(kAssignString, source.m_pImp->View());
+    } else {
+        m_pImp->Reset();
+        SetDefined(0);
+    }
+    return *this;
+}
+
+ZelDtString& ZelDtString::operator=(const char* text)
+{
+    AssignText(kAssignText, RequiredView(kAssignText, text));
+    return *this;
+}
+
+ZelDtString& ZelDtString::operator=(const CString& text)
+{
+    AssignText(kAssignCString, ViewOf(text));
+    return *this;
+}
+
+ZelDtString& ZelDtString::operator=(unsigned short* const& text)
+{
+    const CString converted =
+        Guarded(kAssignWideText, [&] { return CString(reinterpret_cast<LPCOLESTR>(text)); });
+    AssignText(kAssignWideText, ViewOf(converted));
+    return *this;
+}
+
+ZelDtString& ZelDtString::operator=(char character)
+{
+    if (Guarded(kAssignChar, [&] { return m_pImp->Assign({&character, 1}); }))
+        SetModified(1);
+    SetDefined(1);
+    return *this;
+}
+
+void ZelDtString::AssignText(const Operation& operation, std::string_view text)
+{
+    CheckLength(operation, text.size());
+    if (Guarded(operation, [&] { return m_pImp->Assign(text, !IsDefined()); }))
+        SetModified(1);
+    SetDefined(1);
+}
+
+// Appending
+
+ZelDtString& ZelDtString::operator+=(const ZelDtString& source)
+{
+    if (IsDefined() || source.IsDefined())
+        AppendText(kAppendString, source.m_pImp->View());
+    return *this;
+}
+
+ZelDtString& ZelDtString::operator+=(const char* text)
+{
+    AppendText(kAppendText, RequiredView(kAppendText, text));
+    return *this;
+}
+
+ZelDtString& ZelDtString::operator+=(const CString& text)
+{
+    AppendText(kAppendCString, ViewOf(text));
+    return *this;
+}
+
+ZelDtString& ZelDtString::operator+=(char character)
+{
+    AppendText(kAppendChar, {&character, 1});
+    return *this;
+}
+
+void ZelDtString::AppendText(const Operation& operation, std::string_view text)
+{
+    const bool changes = !text.empty();
+    CheckLength(operation, static_cast<std::size_t>(m_pImp->Length()) + text.size());
+    Guarded(operation, [&] { m_pImp->Append(text); });
+    SetDefined(1);
+    if (changes)
+        SetModified(1);
+}
+
+// Concatenation
+
+ZelDtString ZelDtString::Joined(const Operation& operation, std::string_view left,
+                                std::string_view right) const
+{
+    CheckLength(operation, left.size() + right.size());
+    return Guarded(operation, [&] {
+        ZelDtString result(new ZelDtString_Imp);
+        char* const out = result.m_pImp->Fresh(static_cast<int>(left.size() + right.size()));
+        std::memcpy(out, left.data(), left.size());
+        std::memcpy(out + left.size(), right.data(), right.size());
+        return result;
+    });
+}
+
+ZelDtString ZelDtString::operator+(const ZelDtString& right) const
+{
+    if (!IsDefined())
+        return Guarded(kPlusString, [&] { return ZelDtString(right); });
+    if (!right.IsDefined())
+        return Guarded(kPlusString, [&] { return ZelDtString(*this); });
+    return Joined(kPlusString, m_pImp->View(), right.m_pImp->View());
+}
+
+ZelDtString ZelDtString::operator+(const char* right) const
+{
+    const std::string_view text = RequiredView(kPlusText, right);
+    return Joined(kPlusText, IsDefined() ? m_pImp->View() : kNoText, text);
+}
+
+ZelDtString ZelDtString::operator+(const CString& right) const
+{
+    return Joined(kPlusCString, IsDefined() ? m_pImp->View() : kNoText, ViewOf(right));
+}
+
+ZelDtString ZelDtString::operator+(char right) const
+{
+    if (!IsDefined())
+        return Guarded(kPlusChar, [&] { return ZelDtString(right); });
+    return Joined(kPlusChar, m_pImp->View(), {&right, 1});
+}
+
+ZelDtString operator+(const char* left, const ZelDtString& right)
+{
+    const std::string_view text = RequiredView(kTextPlus, left);
+    return right.Joined(kTextPlus, text,
+                        right.IsDefined() ? right.m_pImp->View() : kNoText);
+}
+
+ZelDtString operator+(char left, const ZelDtString& right)
+{
+    if (!right.IsDefined())
+        return Guarded(kCharPlus, [&] { return ZelDtString(left); });
+    return right.Joined(kCharPlus, {&left, 1}, right.m_pImp->View());
+}
+
+// Comparison
+
+int ZelDtString::operator==(const ZelDtString& right) const
+{
+    CheckReadable(kEqual, *this, right);
+    return m_pImp->View() == right.m_pImp->View();
+}
+
+int ZelDtString::operator!=(const ZelDtString& right) const
+{
+    CheckReadable(kUnequal, *this, right);
+    return m_pImp->View() != right.m_pImp->View();
+}
+
+int ZelDtString::operator==(const char* right) const
+{
+    CheckReadable(kEqualText, *this);
+    return right != nullptr && m_pImp->View() == right;
+}
+
+int ZelDtString::operator!=(const char* right) const
+{
+    CheckReadable(kUnequalText, *this);
+    return right == nullptr || m_pImp->View() != right;
+}
+
+int ZelDtString::operator<(const ZelDtString& right) const
+{
+    CheckReadable(kLess, *this, right);
+    return Order(m_pImp->View(), right.m_pImp->View()) < 0;
+}
+
+int ZelDtString::operator>(const ZelDtString& right) const
+{
+    CheckReadable(kGreater, *this, right);
+    return Order(m_pImp->View(), right.m_pImp->View()) > 0;
+}
+
+int ZelDtString::operator<=(const ZelDtString& right) const
+{
+    CheckReadable(kLessOrEqual, *this, right);
+    return Order(m_pImp->View(), right.m_pImp->View()) <= 0;
+}
+
+int ZelDtString::operator>=(const ZelDtString& right) const
+{
+    CheckReadable(kGreaterOrEqual, *this, right);
+    return Order(m_pImp->View(), right.m_pImp->View()) >= 0;
+}

@@ -1,0 +1,211 @@
+#include "text/DTSTRING.h"
+
+#include "foundation/DTFORMAT.h"
+#include "foundation/DTGUARD.h"
+#include "platform/runtime/system.h"
+#include "text/IMP/DTQUOTE.h"
+#include "text/IMP/dtstrini.h"
+
+#include <array>
+#include <cstring>
+#include <optional>
+
+namespace {
+
+using zeldt::ErrorNo;
+using zeldt::Guarded;
+using zeldt::Operation;
+using zeldt::Raise;
+
+/// The representations report under the same module as the editing functions.
+constexpr Operation Op(const char* signature)
+{
+    return {"DTSTRFKT", "ZelDtString", signature};
+}
+
+constexpr Operation kConvToSQL = Op("ConvToSQL(UINT)const");
+constexpr Operation kSetFromSQL = Op("SetFromSQL(LPCTSTR,INT,UINT)");
+constexpr Operation kConvToOFL = Op("ConvToOFL(ZelFormat)");
+constexpr Operation kSetFromOFL = Op("SetFromOFL(LPCTSTR,ZelFormat*)");
+constexpr Operation kConvToExtern = Op("ConvToExtern(BOOL&,USHORT&)");
+constexpr Operation kSetFromExtern = Op("SetFromExtern(ZelDtString*,BOOL,USHORT)");
+constexpr Operation kSetFromRecordSet = Op("SetFromRecordSet(CRecordset&,const CString&");
+constexpr Operation kConvToRecordSet = Op("ConvToRecordSet(CRecordset&,CString&)");
+constexpr Operation kSerialize = Op("Serialize(CArchive&)");
+
+constexpr unsigned short kExternVersion = 100;
+
+constexpr std::string_view kSqlNull = "NULL";
+
+const ZelFormat& DefaultFormat()
+{
+    static const ZelFormat format(0UL, ZelFormat::kulZelFoValidAll,
+                                  ZelFormat::ZelFoAuffuellenOhne, ' ');
+    return format;
+}
+
+/// Builds the default format while the library is being loaded.
+[[maybe_unused]] const ZelFormat& defaultFormatAtLoad = DefaultFormat();
+
+/// How texts of an OEM code page are converted.
+struct OemDirections {
+    ZelDtCodepageWandlung toOem;
+    ZelDtCodepageWandlung toAnsi;
+};
+
+/// The directions for a code page number; none for one that needs no conversion.
+std::optional<OemDirections> DirectionsFor(unsigned int codePage)
+{
+    if (codePage == 850)
+        return OemDirections{ZelDtCpAnsiToOem850, ZelDtCpOem850ToAnsi};
+    if (codePage == 0)
+        return std::nullopt; // no code page has this number; spares asking the system
+    if (codePage == zelrt::OemCodePage())
+        return OemDirections{ZelDtCpAnsiToOem, ZelDtCpOemToAnsi};
+    if (codePage == 437)
+        return OemDirections{ZelDtCpAnsiToOem437, ZelDtCpOem437ToAnsi};
+    return std::nullopt;
+}
+
+std::string_view ViewOf(const CString& text)
+{
+    return {text.GetString(), static_cast<std::size_t>(text.GetLength())};
+}
+
+} // namespace
+
+// SQL
+
+ZelDtString ZelDtString::ConvToSQL(unsigned int codePage) const
+{
+    const std::size_t length =
+        IsDefined() ? zeldt::QuotedLength(m_pImp->View()) : kSqlNull.size();
+    if (length > static_cast<std::size_t>(ZelDtString_Imp::kMaxLength))
+        Raise(kConvToSQL, ErrorNo::OutOfRange);
+    return Guarded(kConvToSQL, [&] {
+        ZelDtString result(new ZelDtString_Imp);
+        char* const out = result.m_pImp->Fresh(static_cast<int>(length));
+        if (IsDefined())
+            zeldt::WriteQuoted(m_pImp->View(), out);
+        else
+            std::memcpy(out, kSqlNull.data(), length);
+        if (const auto directions = DirectionsFor(codePage))
+            result.ConvertCodePage(directions->toOem);
+        return result;
+    });
+}
+
+void ZelDtString::SetFromSQL(const char* text, int length, unsigned int codePage)
+{
+    if (text == nullptr)
+        Raise(kSetFromSQL, ErrorNo::InitialValue);
+    if (length <= 0 || strnlen(text, static_cast<std::size_t>(length)) !=
+                           static_cast<std::size_t>(length))
+        Raise(kSetFromSQL, ErrorNo::InitialLength);
+    const std::string_view content(text, static_cast<std::size_t>(length));
+    const auto directions = DirectionsFor(codePage);
+    if (!directions) {
+        AssignText(kSetFromSQL, content);
+        return;
+    }
+    Guarded(kSetFromSQL, [&] {
+        ZelDtString converted(new ZelDtString_Imp(content, length, length));
+        converted.ConvertCodePage(directions->toAnsi);
+        AssignText(kSetFromSQL, converted.m_pImp->View());
+    });
+}
+
+// Display
+
+CString ZelDtString::ConvToOFL(const ZelFormat* format) const
+{
+    return Guarded(kConvToOFL, [&] {
+        CString shown;
+        if (IsDefined())
+            zeldt::ChooseFormat(format, GetFormat(), DefaultFormat())
+                .FormatString(*this, ZelFormat::ZelFoReinerText, shown);
+        return shown;
+    });
+}
+
+void ZelDtString::SetFromOFL(const char* text, const ZelFormat* format)
+{
+    Guarded(kSetFromOFL, [&] {
+        if (text == nullptr || *text == '\0') {
+            Clear();
+            return;
+        }
+        CString read;
+        zeldt::ChooseFormat(format, GetFormat(), DefaultFormat())
+            .ParseString(text, ZelFormat::ZelFoReinerText, &read);
+        AssignText(kSetFromOFL, ViewOf(read));
+    });
+}
+
+// External text
+
+ZelDtString ZelDtString::ConvToExtern(int& defined, unsigned short& version) const
+{
+    return Guarded(kConvToExtern, [&] {
+        ZelDtString text(*this);
+        defined = IsDefined();
+        version = kExternVersion;
+        return text;
+    });
+}
+
+void ZelDtString::SetFromExtern(const ZelDtString* text, int defined, unsigned short version)
+{
+    if (version != kExternVersion)
+        Raise(kSetFromExtern, ErrorNo::WrongVersion);
+    if (defined != 1 || text == nullptr) {
+        Guarded(kSetFromExtern, [&] { Clear(); });
+        return;
+    }
+    const bool consistent = text->IsDefined();
+    SetDefined(1);
+    if (!consistent)
+        Raise(kSetFromExtern, ErrorNo::InconsistentDefinedness);
+    Guarded(kSetFromExtern, [&] { *this = *text; });
+}
+
+// Record set and archive
+
+void ZelDtString::SetFromRecordSet(CRecordset& rs, const CString& field)
+{
+    Guarded(kSetFromRecordSet, [&] {
+        if (rs.IsFieldNull(&field))
+            Clear();
+        else
+            AssignText(kSetFromRecordSet, ViewOf(field));
+    });
+}
+
+void ZelDtString::ConvToRecordSet(CRecordset& rs, CString& field) const
+{
+    Guarded(kConvToRecordSet, [&] {
+        if (IsDefined())
+            AssignRecordsetMemberCString(field, m_pImp->Text());
+        rs.SetFieldNull(&field, !IsDefined());
+    });
+}
+
+void ZelDtString::Serialize(CArchive& ar)
+{
+    Guarded(kSerialize, [&] {
+        if (ar.IsStoring()) {
+            ZelDtBasis::Serialize(ar);
+            ar << CString(m_pImp->Text(), m_pImp->Length());
+            return;
+        }
+        Rollback rollback(*this);
+        ZelDtBasis::Serialize(ar);
+        CString text;
+        ar >> text;
+        if (IsDefined())
+            AssignText(kSerialize, ViewOf(text));
+        else
+            Clear();
+        rollback.Commit();
+    });
+}
