@@ -379,8 +379,8 @@ void ZelDtString::FillUp(char fill, int newLength, int side)
 void ZelDtString::ToUpper()
 {
     constexpr unsigned char sharpS = 0xDF;
-    const auto isUpper = [](unsigned char byte) {
-        return zelrt::AnsiIsUpper(byte) || byte == sharpS;
+    const auto isUpper = [](unsigned char letter) {
+        return zelrt::AnsiIsUpper(letter) || letter == sharpS;
     };
     if (ChangeCase(*m_pImp, zelrt::kAnsiUpper, isUpper))
         SetModified(1);

@@ -195,9 +195,8 @@ void ZelFormat::FormatBool(BOOL value, CString& text) const
 
 void ZelFormat::FormatString(const CString& value, FormatTextArt kind, CString& text) const
 {
-    Deliver(kFormatString, text, [&](std::string& shown) {
-        return ShowString(ViewOf(value), kind, m_rules, shown);
-    });
+    Deliver(kFormatString, text,
+            [&](std::string& shown) { return ShowString(ViewOf(value), kind, m_rules, shown); });
 }
 
 void ZelFormat::FormatLong(std::int32_t value, CString& text) const

@@ -48,8 +48,7 @@
 ///                           ' ');
 ///     CString text;
 ///     money.FormatDouble(1234567.891, text);   // 1.234.567,89
-class ZELFOMT_API ZelFormat
-{
+class ZELFOMT_API ZelFormat {
 public:
     enum FormatDezimalTrenner : int {
         ZelFoDezimalKomma = 0,
@@ -166,8 +165,8 @@ public:
     /// | duration | 01:30 or 01,50 or 01 by its mode | 1:30 or 1.50 or 1 |
     ///
     /// A double has the fewest digits that read back the same; from 1E+15 on and below 1E-05 it
-    /// has an exponent (1,5E+15), which is read with every number. The standard mode reads numbers
-    /// with groups (1.234) too; the technical mode does not.
+    /// has an exponent (1,5E+15). Any double may be typed with one. The standard mode reads
+    /// numbers with groups (1.234) too; the technical mode does not.
     explicit ZelFormat(FormatModus mode);
 
     ZelFormat(const ZelFormat&) = default;
@@ -200,7 +199,8 @@ public:
     /// The target must hold a value: what the format does not show stays (the time of day with a
     /// format for dates, the date with one for times of day). Week day and day of the year become
     /// 0, the daylight flag -1. Two digits of a year are those of the current century.
-    /// A missing time is midnight.
+    /// A missing time is midnight. A date alone may be typed without separators (DDMMYYYY, DDMMYY),
+    /// and in the modes with a time of day.
     virtual void ParseDateTime(const CString& text, FormatDatumUmfang scope, std::tm* value) const;
     virtual void ParseDouble(const CString& text, double* value) const;
     virtual void ParseChar(const CString& text, char* value) const;

@@ -32,8 +32,7 @@ const ZelEhDeleteAtTerminate deleteAtTerminate(RUNTIME_CLASS(ZelFormatExcep));
 ZelFormatExcep::ZelFormatExcep(const char* module, const char* className, const char* signature,
                                unsigned long errorNo)
     : ZelEhBasis(module, className, signature, ErrorText(errorNo), errorNo, 1, 1, nullptr, 1, 0, 1)
-{
-}
+{}
 
 ZelFormatExcep::~ZelFormatExcep()
 {

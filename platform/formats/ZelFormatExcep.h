@@ -14,8 +14,7 @@
 /// | 21 | the text does not follow the format |
 ///
 /// The messages are German, in Latin-1.
-class ZELFOMT_API ZelFormatExcep : public ZelEhBasis
-{
+class ZELFOMT_API ZelFormatExcep : public ZelEhBasis {
     DECLARE_DYNAMIC(ZelFormatExcep)
 
 public:

@@ -24,9 +24,9 @@ constexpr DateRules kTechnicalDateTime = ModeDateRules(DateParts::DateTime, fals
 constexpr DateRules kStandardDate = ModeDateRules(DateParts::DateTypedTime, true);
 constexpr DateRules kTechnicalDate = ModeDateRules(DateParts::DateTypedTime, false);
 
-constexpr std::string_view kMonthNames[12] = {
-    "Januar", "Februar", "M\xE4rz",   "April",   "Mai",      "Juni",
-    "Juli",   "August",  "September", "Oktober", "November", "Dezember"};
+constexpr std::string_view kMonthNames[12] = {"Januar",    "Februar", "M\xE4rz",  "April",
+                                              "Mai",       "Juni",    "Juli",     "August",
+                                              "September", "Oktober", "November", "Dezember"};
 
 constexpr std::size_t kShortNameLength = 3;
 constexpr int kTmBaseYear = 1900;
@@ -145,8 +145,7 @@ int CenturyNow()
 }
 
 /// Reads a text piece by piece from the front.
-class DateReader
-{
+class DateReader {
 public:
     DateReader(std::string_view text, const DateRules& rules) : m_rest(text), m_rules(rules) {}
 
@@ -187,8 +186,8 @@ private:
     std::size_t LeadingDigits() const
     {
         const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-        return static_cast<std::size_t>(
-            std::find_if_not(m_rest.begin(), m_rest.end(), isDigit) - m_rest.begin());
+        return static_cast<std::size_t>(std::find_if_not(m_rest.begin(), m_rest.end(), isDigit) -
+                                        m_rest.begin());
     }
 
     bool Take(char expected)
@@ -317,8 +316,7 @@ Status ReadDate(std::string_view text, const DateRules& rules, DateScope scope, 
     TimeOfDay time{};
     if (HasDate(rules.parts) && !reader.Date(scope == DateScope::DateOnly, date))
         return Status::Mismatch;
-    const bool typedTime =
-        !HasDate(rules.parts) || (ReadsTime(rules.parts) && reader.Blanks());
+    const bool typedTime = !HasDate(rules.parts) || (ReadsTime(rules.parts) && reader.Blanks());
     if (typedTime && !reader.Time(TakesSeconds(rules.parts), time))
         return Status::Mismatch;
     if (!reader.AtEnd())

@@ -41,8 +41,7 @@ bool ChooseSign(ZelFormat::FormatVorzeichen place, ZelFormat::FormatVorzeichenWe
                    {ZelFormat::ZelFoVorzeichenVorne, SignPlace::Front},
                    {ZelFormat::ZelFoVorzeichenHinten, SignPlace::Behind}},
                   sign.place) &&
-           Choose(which,
-                  {{ZelFormat::ZelFoNurMinus, false}, {ZelFormat::ZelFoPlusUndMinus, true}},
+           Choose(which, {{ZelFormat::ZelFoNurMinus, false}, {ZelFormat::ZelFoPlusUndMinus, true}},
                   sign.plus);
 }
 
@@ -128,28 +127,28 @@ Rules MakeDateRules(ZelFormat::FormatDatumArt kind, ZelFormat::FormatDatumTrenne
                     Fill twoDigits)
 {
     DateRules rules{};
-    const bool known = Choose(kind,
-                              {{ZelFormat::ZelFoDatum, DateParts::Date},
-                               {ZelFormat::ZelFoDatumMinuten, DateParts::DateMinutes},
-                               {ZelFormat::ZelFoDatumSekunden, DateParts::DateSeconds},
-                               {ZelFormat::ZelFoDatumZeitWennVorhanden, DateParts::DateTimeIfAny},
-                               {ZelFormat::ZelFoUhrzeit, DateParts::Minutes}},
-                              rules.parts) &&
-                       Choose(separator,
-                              {{ZelFormat::ZelFoDatumPunkt, '.'},
-                               {ZelFormat::ZelFoDatumSchraegstrich, '/'},
-                               {ZelFormat::ZelFoDatumStrich, '-'},
-                               {ZelFormat::ZelFoDatumOhne, '\0'}},
-                              rules.separator) &&
-                       Choose(year,
-                              {{ZelFormat::ZelFoJahrVierstellig, false},
-                               {ZelFormat::ZelFoJahrZweistellig, true}},
-                              rules.twoDigitYear) &&
-                       Choose(month,
-                              {{ZelFormat::ZelFoMonatZahl, MonthStyle::Number},
-                               {ZelFormat::ZelFoMonatKurz, MonthStyle::ShortName},
-                               {ZelFormat::ZelFoMonatLang, MonthStyle::FullName}},
-                              rules.month);
+    const bool known =
+        Choose(kind,
+               {{ZelFormat::ZelFoDatum, DateParts::Date},
+                {ZelFormat::ZelFoDatumMinuten, DateParts::DateMinutes},
+                {ZelFormat::ZelFoDatumSekunden, DateParts::DateSeconds},
+                {ZelFormat::ZelFoDatumZeitWennVorhanden, DateParts::DateTimeIfAny},
+                {ZelFormat::ZelFoUhrzeit, DateParts::Minutes}},
+               rules.parts) &&
+        Choose(separator,
+               {{ZelFormat::ZelFoDatumPunkt, '.'},
+                {ZelFormat::ZelFoDatumSchraegstrich, '/'},
+                {ZelFormat::ZelFoDatumStrich, '-'},
+                {ZelFormat::ZelFoDatumOhne, '\0'}},
+               rules.separator) &&
+        Choose(year,
+               {{ZelFormat::ZelFoJahrVierstellig, false}, {ZelFormat::ZelFoJahrZweistellig, true}},
+               rules.twoDigitYear) &&
+        Choose(month,
+               {{ZelFormat::ZelFoMonatZahl, MonthStyle::Number},
+                {ZelFormat::ZelFoMonatKurz, MonthStyle::ShortName},
+                {ZelFormat::ZelFoMonatLang, MonthStyle::FullName}},
+               rules.month);
     if (!known || !IsValidFill(twoDigits))
         return {};
     rules.twoDigits = twoDigits;
@@ -177,9 +176,9 @@ Rules MakeTextRules(unsigned long most, unsigned long mask, ZelFormat::FormatAuf
 Rules MakeModeRules(ZelFormat::FormatModus mode)
 {
     ModeRules rules{};
-    const bool known = Choose(
-        mode, {{ZelFormat::ZelFoTechnisch, true}, {ZelFormat::ZelFoStandard, false}},
-        rules.technical);
+    const bool known =
+        Choose(mode, {{ZelFormat::ZelFoTechnisch, true}, {ZelFormat::ZelFoStandard, false}},
+               rules.technical);
     return known ? Rules(rules) : Rules();
 }
 
@@ -194,27 +193,21 @@ ZelFormat::ZelFormat(unsigned long places, unsigned long decimals,
                      char leftChar, int fillRight, char rightChar)
     : m_rules(MakeNumberRules(places, decimals, decimalSeparator, groupSeparator, sign, whichSign,
                               {fillLeft != 0, leftChar}, {fillRight != 0, rightChar}))
-{
-}
+{}
 
 ZelFormat::ZelFormat(FormatZeitArt kind, FormatZeitDarstellung shape, FormatVorzeichen sign,
                      FormatVorzeichenWelches whichSign, unsigned long hourPlaces, int fill,
                      char fillChar)
     : m_rules(MakeTimeRules(kind, shape, sign, whichSign, hourPlaces, {fill != 0, fillChar}))
-{
-}
+{}
 
 ZelFormat::ZelFormat(FormatDatumArt kind, FormatDatumTrenner separator, FormatDatumJahr year,
                      FormatDatumMonat month, int twoDigits, char fillChar)
     : m_rules(MakeDateRules(kind, separator, year, month, {twoDigits != 0, fillChar}))
-{
-}
+{}
 
 ZelFormat::ZelFormat(unsigned long most, unsigned long mask, FormatAuffuellen fill, char fillChar)
     : m_rules(MakeTextRules(most, mask, fill, fillChar))
-{
-}
+{}
 
-ZelFormat::ZelFormat(FormatModus mode) : m_rules(MakeModeRules(mode))
-{
-}
+ZelFormat::ZelFormat(FormatModus mode) : m_rules(MakeModeRules(mode)) {}

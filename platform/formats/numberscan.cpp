@@ -66,7 +66,8 @@ bool TakeInteger(std::string_view& rest, char group, std::string& digits)
     digits = run;
     if (group == '\0' || rest.empty() || rest[0] != group)
         return true;
-    if (run.size() > 3)
+    // Who types 0.125 does not mean 125.
+    if (run.size() > 3 || run[0] == '0')
         return false;
     while (!rest.empty() && rest[0] == group) {
         rest.remove_prefix(1);
@@ -103,7 +104,7 @@ bool TakeImpliedDecimals(std::string_view& rest, std::size_t decimals, std::stri
     return AreDigits(digits);
 }
 
-/// Everything but the sign and what fills the places.
+/// Everything but the sign and the fill characters around the number.
 bool ScanMagnitude(std::string_view rest, const NumberRules& rules, Exponent exponent,
                    ScannedNumber& number)
 {
@@ -111,6 +112,7 @@ bool ScanMagnitude(std::string_view rest, const NumberRules& rules, Exponent exp
     if (fixedDecimals && rules.decimalPoint == '\0' &&
         !TakeImpliedDecimals(rest, rules.decimals, number.fraction))
         return false;
+    DropZeroFill(rest, rules);
     if (!TakeInteger(rest, rules.readGroup, number.integer))
         return false;
     if (rules.decimalPoint != '\0' && !rest.empty() && rest[0] == rules.decimalPoint) {
@@ -174,7 +176,6 @@ Status ScanNumber(std::string_view text, const NumberRules& rules, Exponent expo
     if (!TakeSign(rest, sign))
         return Status::Mismatch;
     DropRightFill(rest, rules);
-    DropZeroFill(rest, rules);
     if (!ScanMagnitude(rest, rules, exponent, number))
         return Status::Mismatch;
     if (sign != '\0' && rules.sign.place == SignPlace::None)

@@ -109,8 +109,7 @@ Status Lay(const NumberView& number, const NumberRules& rules, std::string& text
     if (!FitsPlaces(length, rules))
         return Status::NotAllowed;
 
-    const std::size_t padding =
-        rules.left.on && rules.places > length ? rules.places - length : 0;
+    const std::size_t padding = rules.left.on && rules.places > length ? rules.places - length : 0;
     std::string shown;
     shown.reserve(length + padding);
     // Zeros belong to the digits and stand behind the sign, everything else stands before it.
@@ -189,13 +188,12 @@ NumberDigits DigitsOf(double value)
 }
 
 /// The digits of an integer, and room for a sign in front of them.
-class IntegerText
-{
+class IntegerText {
 public:
     explicit IntegerText(std::int32_t value) noexcept
     {
-        const std::uint32_t magnitude = value < 0 ? 0U - static_cast<std::uint32_t>(value)
-                                                  : static_cast<std::uint32_t>(value);
+        const std::uint32_t magnitude =
+            value < 0 ? 0U - static_cast<std::uint32_t>(value) : static_cast<std::uint32_t>(value);
         m_buffer[0] = '-';
         const char* const end =
             std::to_chars(m_buffer + 1, m_buffer + sizeof m_buffer, magnitude).ptr;
@@ -229,14 +227,32 @@ bool ReadPlainInteger(std::string_view text, std::int64_t& value)
     return true;
 }
 
+/// Reads every text that is an integer. OutOfRange for more than ten digits.
+Status ReadGeneralInteger(std::string_view text, const NumberRules& rules, std::int64_t& value)
+{
+    ScannedNumber number;
+    const Status status = ScanNumber(text, rules, Exponent::Refused, number);
+    if (status != Status::Ok)
+        return status;
+    const bool fixedDecimals = rules.decimals != NumberRules::kAllDecimals;
+    if (!AllZeros(number.fraction) || (!fixedDecimals && !number.fraction.empty()))
+        return Status::Mismatch;
+    if (number.integer.size() > 10)
+        return Status::OutOfRange;
+    const char* const digits = number.integer.data();
+    std::from_chars(digits, digits + number.integer.size(), value);
+    if (number.negative)
+        value = -value;
+    return Status::Ok;
+}
+
 /// The number as a double; OutOfRange where a double has none near it.
 Status ToDouble(const ScannedNumber& number, double& value)
 {
     const std::string plain =
         number.integer + '.' + number.fraction + 'e' + std::to_string(number.exponent);
     double magnitude = 0;
-    const auto [end, error] =
-        std::from_chars(plain.data(), plain.data() + plain.size(), magnitude);
+    const auto [end, error] = std::from_chars(plain.data(), plain.data() + plain.size(), magnitude);
     const bool zero = AllZeros(number.integer) && AllZeros(number.fraction);
     if (zero)
         magnitude = 0;
@@ -310,34 +326,26 @@ Status ReadInteger(std::string_view text, const NumberRules& rules, IntegerRange
                    std::int32_t& value)
 {
     std::int64_t read = 0;
-    const bool plain = rules.plain && ReadPlainInteger(TrimBlanks(text), read);
+    const std::string_view typed = TrimBlanks(text);
+    const bool plain = rules.plain && ReadPlainInteger(typed, read);
     if (!plain) {
-        ScannedNumber number;
-        const Status status = ScanNumber(text, rules, Exponent::Refused, number);
+        const Status status = ReadGeneralInteger(typed, rules, read);
         if (status != Status::Ok)
             return status;
-        if (!AllZeros(number.fraction) ||
-            (rules.decimals == NumberRules::kAllDecimals && !number.fraction.empty()))
-            return Status::Mismatch;
-        if (number.integer.size() > 10)
-            return Status::OutOfRange;
-        std::from_chars(number.integer.data(), number.integer.data() + number.integer.size(),
-                        read);
-        if (number.negative)
-            read = -read;
     }
     if (read < range.lowest || read > range.highest)
         return Status::OutOfRange;
     const auto inRange = static_cast<std::int32_t>(read);
-    if (rules.places != 0 &&
+    // A plain number is never shown longer than it was typed.
+    const bool surelyFits = plain && FitsPlaces(typed.size(), rules);
+    if (!surelyFits &&
         !FitsPlaces(ShownLength({read < 0, IntegerText(inRange).Digits(), {}}, rules), rules))
         return Status::TooLong;
     value = inRange;
     return Status::Ok;
 }
 
-Status ReadDouble(std::string_view text, const NumberRules& rules, Exponent exponent,
-                  double& value)
+Status ReadDouble(std::string_view text, const NumberRules& rules, Exponent exponent, double& value)
 {
     ScannedNumber number;
     Status status = ScanNumber(text, rules, exponent, number);

@@ -83,8 +83,7 @@ struct ModeRules {
 };
 
 /// std::monostate: an argument of the constructor was not valid; nothing can be shown or read.
-using Rules =
-    std::variant<std::monostate, NumberRules, TimeRules, DateRules, TextRules, ModeRules>;
+using Rules = std::variant<std::monostate, NumberRules, TimeRules, DateRules, TextRules, ModeRules>;
 
 } // namespace zelformat
 

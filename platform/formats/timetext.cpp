@@ -173,8 +173,8 @@ Status ReadDuration(std::string_view text, const TimeRules& rules, Duration& val
         return Status::Mismatch;
     Parts parts{};
     const TimeMode mode = rules.mode == TimeMode::Own ? value.mode : rules.mode;
-    const bool split = rules.separated ? SplitSeparated(rest, rules, parts)
-                                       : SplitUnseparated(rest, mode, parts);
+    const bool split =
+        rules.separated ? SplitSeparated(rest, rules, parts) : SplitUnseparated(rest, mode, parts);
     if (!split || parts.hours.empty() || !AreDigits(parts.hours) || !AreDigits(parts.fraction))
         return Status::Mismatch;
     std::uint32_t units = 0;

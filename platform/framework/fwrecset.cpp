@@ -5,6 +5,7 @@
 #include "platform/framework/fwfields.h"
 
 #include <atomic>
+#include <utility>
 
 IMPLEMENT_DYNAMIC(CRecordset, CObject)
 
@@ -77,6 +78,7 @@ void CRecordset::Prepare()
 {
     if (m_fields->isPrepared)
         return;
+    m_fields->columns.clear();
     Exchange(CFieldExchange::BindFieldToColumn);
     m_fields->isPrepared = true;
 }
@@ -148,47 +150,41 @@ CRecordsetQuery CRecordset::MakeQuery()
 void CRecordset::RunQuery()
 {
     m_fields->mode = zelfw::EditMode::None;
-    m_hasRecord = false;
-    m_isDeleted = false;
-    m_position = CRecordPosition::Empty;
-    Engine().Open(MakeQuery());
-    MoveTo(CRecordMove::First, 0);
+    try {
+        Engine().Open(MakeQuery());
+        MoveTo(CRecordMove::First, 0);
+    } catch (...) {
+        Close();
+        throw;
+    }
 }
 
 BOOL CRecordset::Open(UINT nOpenType, LPCTSTR lpszSQL, DWORD dwOptions)
 {
     if (m_engine)
         AfxThrowDBException(AFX_SQL_ERROR_ILLEGAL_MODE);
+    const CRecordsetEngineFactory factory = engineFactory.load();
+    std::unique_ptr<CRecordsetEngine> engine = factory != nullptr ? factory(*this) : nullptr;
+    if (!engine)
+        AfxThrowDBException(ZELFW_SQL_ERROR_NO_DATABASE);
     m_fields->isPrepared = false;
     Prepare();
     if (m_fields->columns.empty())
         AfxThrowDBException(AFX_SQL_ERROR_EMPTY_COLUMN_LIST);
+
     m_nOpenType = nOpenType == AFX_DB_USE_DEFAULT_TYPE ? m_nDefaultType : nOpenType;
     m_dwOptions = dwOptions;
     m_strSQL = lpszSQL != nullptr ? CString(lpszSQL) : GetDefaultSQL();
-
-    const CRecordsetEngineFactory factory = engineFactory.load();
-    if (factory != nullptr)
-        m_engine = factory(*this);
+    m_engine = std::move(engine);
     m_fields->engine = m_engine.get();
-    try {
-        RunQuery();
-    } catch (...) {
-        Close();
-        throw;
-    }
+    RunQuery();
     return TRUE;
 }
 
 BOOL CRecordset::Requery()
 {
     Engine().Close();
-    try {
-        RunQuery();
-    } catch (...) {
-        Close();
-        throw;
-    }
+    RunQuery();
     return TRUE;
 }
 

@@ -9,7 +9,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
+#include <ostream>
 #include <string>
 #include <string_view>
 
@@ -114,6 +114,12 @@ struct Read {
     bool operator==(const Read&) const = default;
 };
 
+template <class Value>
+void PrintTo(const Read<Value>& read, std::ostream* out)
+{
+    *out << "error " << read.error << ", value " << testing::PrintToString(read.value);
+}
+
 inline Read<std::int32_t> ReadLong(const ZelFormat& format, std::string_view text)
 {
     Read<std::int32_t> read{0, -77};
@@ -142,9 +148,8 @@ inline Read<std::string> ReadText(const ZelFormat& format, std::string_view text
                                   ZelFormat::FormatTextArt kind = ZelFormat::ZelFoReinerText)
 {
     CString value("before");
-    const unsigned long error =
-        ErrorOf("ParseString(CString&,FormatTextArt,CString*)",
-                [&] { format.ParseString(ToCString(text), kind, &value); });
+    const unsigned long error = ErrorOf("ParseString(CString&,FormatTextArt,CString*)",
+                                        [&] { format.ParseString(ToCString(text), kind, &value); });
     return {error, ToStd(value)};
 }
 

@@ -2,13 +2,14 @@
 
 #include "platform/framework/fwolecur.h"
 
-#include "platform/framework/fwarchive.h"
-#include "platform/framework/fwexcept.h"
-#include "platform/framework/fwfile.h"
+#include "tests/platform/framework/framework_testing.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -254,53 +255,30 @@ TEST(CurrencyOrder, EqualityConsidersTheStatus)
     EXPECT_TRUE(Count(5) != WithStatus(COleCurrency::invalid));
 }
 
-using Bytes = std::vector<unsigned char>;
-
-Bytes Stored(const COleCurrency& currency)
+std::string Stored(const COleCurrency& currency)
 {
-    CMemFile file;
-    CArchive archive(&file, CArchive::store);
-    archive << currency;
-    archive.Close();
-    Bytes bytes(static_cast<std::size_t>(file.GetLength()));
-    file.SeekToBegin();
-    file.Read(bytes.data(), static_cast<UINT>(bytes.size()));
-    return bytes;
+    return Archived([&](CArchive& ar) { ar << currency; });
 }
 
-/// Reads a currency; the cause of the archive exception, or none.
-int Load(const Bytes& bytes, COleCurrency& currency)
+/// Reads a currency; the cause of the archive exception, if any.
+int Load(std::string_view bytes, COleCurrency& currency)
 {
-    CMemFile file;
-    file.Write(bytes.data(), static_cast<UINT>(bytes.size()));
-    file.SeekToBegin();
-    CArchive archive(&file, CArchive::load);
-    try {
-        archive >> currency;
-    } catch (CArchiveException* exception) {
-        const int cause = exception->m_cause;
-        exception->Delete();
-        archive.Abort();
-        return cause;
-    }
-    return CArchiveException::none;
+    return ArchiveCause([&] { ReadArchive(bytes, [&](CArchive& ar) { ar >> currency; }); });
 }
 
 struct ArchiveRow {
     LONGLONG count;
     COleCurrency::CurrencyStatus status;
-    Bytes bytes;
+    const char* bytes;
 };
 
 // Status, high half, low half; each word with its lowest byte first.
 const ArchiveRow kArchives[] = {
-    {0, COleCurrency::valid, {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}},
-    {0x0102030405060708,
-     COleCurrency::valid,
-     {0, 0, 0, 0, 0x04, 0x03, 0x02, 0x01, 0x08, 0x07, 0x06, 0x05}},
-    {-2, COleCurrency::null, {2, 0, 0, 0, 0xFF, 0xFF, 0xFF, 0xFF, 0xFE, 0xFF, 0xFF, 0xFF}},
-    {kMin, COleCurrency::invalid, {1, 0, 0, 0, 0, 0, 0, 0x80, 0, 0, 0, 0}},
-    {kMax, COleCurrency::valid, {0, 0, 0, 0, 0xFF, 0xFF, 0xFF, 0x7F, 0xFF, 0xFF, 0xFF, 0xFF}},
+    {0, COleCurrency::valid, "00 00 00 00 00 00 00 00 00 00 00 00"},
+    {0x0102030405060708, COleCurrency::valid, "00 00 00 00 04 03 02 01 08 07 06 05"},
+    {-2, COleCurrency::null, "02 00 00 00 FF FF FF FF FE FF FF FF"},
+    {kMin, COleCurrency::invalid, "01 00 00 00 00 00 00 80 00 00 00 00"},
+    {kMax, COleCurrency::valid, "00 00 00 00 FF FF FF 7F FF FF FF FF"},
 };
 
 TEST(CurrencyArchive, HoldsStatusHighAndLow)
@@ -309,9 +287,10 @@ TEST(CurrencyArchive, HoldsStatusHighAndLow)
         SCOPED_TRACE(row.count);
         COleCurrency currency = Count(row.count);
         currency.SetStatus(row.status);
-        EXPECT_EQ(Stored(currency), row.bytes);
+        const std::string bytes = Stored(currency);
+        EXPECT_EQ(Hex(bytes), row.bytes);
         COleCurrency loaded = Count(77);
-        EXPECT_EQ(Load(row.bytes, loaded), CArchiveException::none);
+        EXPECT_EQ(Load(bytes, loaded), kNoException);
         EXPECT_EQ(loaded.m_cur.int64, row.count);
         EXPECT_EQ(loaded.m_status, row.status);
     }
@@ -319,10 +298,10 @@ TEST(CurrencyArchive, HoldsStatusHighAndLow)
 
 TEST(CurrencyArchive, CutOffBytesLeaveTheAmountAlone)
 {
-    const Bytes& whole = kArchives[1].bytes;
+    const std::string whole = Stored(Count(0x0102030405060708));
     for (std::size_t length = 0; length < whole.size(); ++length) {
         COleCurrency currency = Count(77);
-        EXPECT_EQ(Load(Bytes(whole.begin(), whole.begin() + static_cast<int>(length)), currency),
+        EXPECT_EQ(Load(std::string_view(whole).substr(0, length), currency),
                   CArchiveException::endOfFile);
         ExpectValid(currency, 77);
     }
@@ -330,10 +309,11 @@ TEST(CurrencyArchive, CutOffBytesLeaveTheAmountAlone)
 
 TEST(CurrencyArchive, RejectsOtherStatuses)
 {
-    for (const unsigned char status : {3, 0xFF}) {
+    for (const LONG status : {3, -1, 0x01000000}) {
+        const std::string bytes =
+            Archived([&](CArchive& ar) { ar << status << LONG{0} << DWORD{1}; });
         COleCurrency currency = Count(77);
-        EXPECT_EQ(Load({status, 0, 0, 0, 0, 0, 0, 0, 1, 0, 0, 0}, currency),
-                  CArchiveException::genericException);
+        EXPECT_EQ(Load(bytes, currency), CArchiveException::genericException);
         ExpectValid(currency, 77);
     }
 }

@@ -2,14 +2,16 @@
 
 #include "platform/framework/fwoledt.h"
 
-#include "platform/framework/fwarchive.h"
-#include "platform/framework/fwexcept.h"
-#include "platform/framework/fwfile.h"
+#include "tests/platform/framework/framework_testing.h"
 
 #include <gtest/gtest.h>
 
-#include <cstring>
+#include <algorithm>
+#include <ctime>
+#include <iterator>
 #include <limits>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -28,7 +30,7 @@ const MomentRow kMoments[] = {
     {1899, 12, 30, 0, 0, 0, 0, 7, 364},       {1899, 12, 30, 6, 0, 0, 0.25, 7, 364},
     {1899, 12, 31, 0, 0, 0, 1, 1, 365},       {1899, 12, 29, 0, 0, 0, -1, 6, 363},
     {1899, 12, 29, 6, 0, 0, -1.25, 6, 363},   {1899, 12, 29, 18, 0, 0, -1.75, 6, 363},
-    {1900, 2, 28, 0, 0, 0, 60 - 1.0, 4, 59},  {1900, 3, 1, 0, 0, 0, 60, 5, 60},
+    {1900, 2, 28, 0, 0, 0, 60, 4, 59},        {1900, 3, 1, 0, 0, 0, 61, 5, 60},
     {2000, 1, 1, 0, 0, 0, 36526, 7, 1},       {2000, 2, 29, 12, 0, 0, 36585.5, 3, 60},
     {2000, 12, 31, 0, 0, 0, 36891, 1, 366},   {2001, 12, 31, 0, 0, 0, 37256, 2, 365},
     {100, 1, 1, 0, 0, 0, -657434, 6, 1},      {100, 1, 1, 12, 0, 0, -657434.5, 6, 1},
@@ -286,11 +288,11 @@ struct SumRow {
 const SumRow kSums[] = {
     {0, 0, 0},
     {0, 1.5, 1.5},
-    {1, -1.25, -1.75}, // 30 December, 18 o'clock of the day before
+    {1, -1.25, -1.75}, // 29 December, 18:00
     {-1.75, 0.25, 0},
     {-1.25, 0.25, -1.5},
     {-1.25, -0.5, -2.75},
-    {-2.5, 3, 0.5},
+    {-2.5, 3, 1.5},
     {0, 2958465.75, 2958465.75},
     {0, 2958466, kInfinity},
     {2958465.75, 0.25, kInfinity},
@@ -325,6 +327,13 @@ TEST(OleDateTimeArithmetic, AddsAndTakesAwaySpans)
         EXPECT_TRUE(moved == sum);
         EXPECT_TRUE(movedBack == difference);
     }
+}
+
+TEST(OleDateTimeArithmetic, AHairBeforeMidnightIsMidnight)
+{
+    const COleDateTime date = COleDateTime(0.0) - COleDateTimeSpan(1e-20);
+    EXPECT_EQ(date.m_dt, 0);
+    EXPECT_EQ(date.GetStatus(), COleDateTime::valid);
 }
 
 TEST(OleDateTimeArithmetic, NullComesBeforeInvalid)
@@ -462,50 +471,31 @@ TEST(OleDateTimeSpanOrder, IsThatOfNumbers)
     EXPECT_TRUE(null1 != COleDateTimeSpan(1.0));
 }
 
-using Bytes = std::vector<unsigned char>;
-
 template <class Value>
-Bytes Stored(const Value& value)
+std::string Stored(const Value& value)
 {
-    CMemFile file;
-    CArchive archive(&file, CArchive::store);
-    archive << value;
-    archive.Close();
-    Bytes bytes(static_cast<std::size_t>(file.GetLength()));
-    file.SeekToBegin();
-    file.Read(bytes.data(), static_cast<UINT>(bytes.size()));
-    return bytes;
+    return Archived([&](CArchive& ar) { ar << value; });
 }
 
-/// Reads a value; the cause of the archive exception, or none.
+/// Reads a value; the cause of the archive exception, if any.
 template <class Value>
-int Load(const Bytes& bytes, Value& value)
+int Load(std::string_view bytes, Value& value)
 {
-    CMemFile file;
-    file.Write(bytes.data(), static_cast<UINT>(bytes.size()));
-    file.SeekToBegin();
-    CArchive archive(&file, CArchive::load);
-    try {
-        archive >> value;
-    } catch (CArchiveException* exception) {
-        const int cause = exception->m_cause;
-        exception->Delete();
-        archive.Abort();
-        return cause;
-    }
-    return CArchiveException::none;
+    return ArchiveCause([&] { ReadArchive(bytes, [&](CArchive& ar) { ar >> value; }); });
 }
 
 // -1.25 is 1.25 * 2^0 with sign: BFF4 0000 0000 0000.
-const Bytes kValidBytes = {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xF4, 0xBF};
+constexpr std::string_view kBytes{"\0\0\0\0"
+                                  "\0\0\0\0\0\0\xF4\xBF",
+                                  12};
 
 TEST(OleDateTimeArchive, HoldsStatusAndSerial)
 {
-    EXPECT_EQ(Stored(COleDateTime(-1.25)), kValidBytes);
-    EXPECT_EQ(Stored(COleDateTimeSpan(-1.25)), kValidBytes);
+    EXPECT_EQ(Hex(Stored(COleDateTime(-1.25))), "00 00 00 00 00 00 00 00 00 00 F4 BF");
+    EXPECT_EQ(Hex(Stored(COleDateTimeSpan(-1.25))), "00 00 00 00 00 00 00 00 00 00 F4 BF");
     COleDateTime null;
     null.SetStatus(COleDateTime::null);
-    EXPECT_EQ(Stored(null), Bytes({2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
+    EXPECT_EQ(Hex(Stored(null)), "02 00 00 00 00 00 00 00 00 00 00 00");
 }
 
 TEST(OleDateTimeArchive, ComesBack)
@@ -514,22 +504,20 @@ TEST(OleDateTimeArchive, ComesBack)
         COleDateTime date(36526.75);
         date.SetStatus(status);
         COleDateTime loaded(1.0);
-        EXPECT_EQ(Load(Stored(date), loaded), CArchiveException::none);
+        EXPECT_EQ(Load(Stored(date), loaded), kNoException);
         EXPECT_EQ(loaded.m_dt, 36526.75);
         EXPECT_EQ(loaded.m_status, status);
     }
     COleDateTimeSpan span;
-    EXPECT_EQ(Load(kValidBytes, span), CArchiveException::none);
+    EXPECT_EQ(Load(kBytes, span), kNoException);
     EXPECT_EQ(span.m_span, -1.25);
 }
 
 TEST(OleDateTimeArchive, CutOffBytesLeaveTheDateAlone)
 {
-    for (std::size_t length = 0; length < kValidBytes.size(); ++length) {
+    for (std::size_t length = 0; length < kBytes.size(); ++length) {
         COleDateTime date(36526.75);
-        EXPECT_EQ(
-            Load(Bytes(kValidBytes.begin(), kValidBytes.begin() + static_cast<int>(length)), date),
-            CArchiveException::endOfFile);
+        EXPECT_EQ(Load(kBytes.substr(0, length), date), CArchiveException::endOfFile);
         EXPECT_EQ(date.m_dt, 36526.75);
         EXPECT_EQ(date.m_status, COleDateTime::valid);
     }
@@ -537,27 +525,23 @@ TEST(OleDateTimeArchive, CutOffBytesLeaveTheDateAlone)
 
 TEST(OleDateTimeArchive, RejectsOtherStatuses)
 {
-    const Bytes rows[] = {
-        {3, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0},
-        {0xFF, 0xFF, 0xFF, 0xFF, 0, 0, 0, 0, 0, 0, 0, 0},
-        {0, 0, 0, 0x80, 0, 0, 0, 0, 0, 0, 0, 0},
-    };
-    for (const Bytes& bytes : rows) {
+    for (const char* status : {"\x03\0\0\0", "\xFF\xFF\xFF\xFF", "\0\0\0\x80"}) {
+        const std::string bytes = std::string(status, 4) + std::string(8, '\0');
         COleDateTime date(36526.75);
-        EXPECT_EQ(Load(bytes, date), CArchiveException::genericException);
+        EXPECT_EQ(Load(bytes, date), CArchiveException::genericException) << Hex(bytes);
         EXPECT_EQ(date.m_dt, 36526.75);
     }
 }
 
 TEST(OleDateTimeArchive, ValidOutsideTheRangeBecomesInvalid)
 {
-    // A NaN and an infinity.
-    for (const unsigned char last : {0xF8, 0xF0}) {
+    for (const double number : {kNaN, kInfinity, 4e6, -4e6}) {
+        const std::string bytes = Archived([&](CArchive& ar) { ar << LONG{0} << number; });
         COleDateTime date(36526.75);
-        EXPECT_EQ(Load({0, 0, 0, 0, 0, 0, 0, 0, 0, 0, last, 0x7F}, date), CArchiveException::none);
+        EXPECT_EQ(Load(bytes, date), kNoException);
         EXPECT_EQ(date.GetStatus(), COleDateTime::invalid);
         COleDateTimeSpan span;
-        EXPECT_EQ(Load({0, 0, 0, 0, 0, 0, 0, 0, 0, 0, last, 0x7F}, span), CArchiveException::none);
+        EXPECT_EQ(Load(bytes, span), kNoException);
         EXPECT_EQ(span.GetStatus(), COleDateTimeSpan::invalid);
     }
 }

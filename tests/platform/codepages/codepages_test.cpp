@@ -1,0 +1,49 @@
+#include "platform/codepages/ZelEusy.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+// The system settings of this program are German: ANSI 1252, OEM 850.
+
+TEST(CodePages, UmlautsGoThereAndBack)
+{
+    char text[] = "Stra\337e \344\366\374\304\326\334 \351";
+    ASSERT_EQ(ZelEusy_CharToOem(text, text), 1);
+    EXPECT_STREQ(text, "Stra\341e \204\224\201\216\231\232 \202");
+    ASSERT_EQ(ZelEusy_OemToChar(text, text), 1);
+    EXPECT_STREQ(text, "Stra\337e \344\366\374\304\326\334 \351");
+}
+
+TEST(CodePages, WhatIsLackingBecomesANearCharacter)
+{
+    const char source[] = "\202\204\200";
+    char target[4] = "xxx";
+    ASSERT_EQ(ZelEusy_CharToOem(source, target), 1);
+    EXPECT_STREQ(target, "'\"?");
+}
+
+TEST(CodePages, NullPointersChangeNothing)
+{
+    char text[] = "\344";
+    EXPECT_EQ(ZelEusy_CharToOem(nullptr, text), 0);
+    EXPECT_EQ(ZelEusy_CharToOem(text, nullptr), 0);
+    EXPECT_EQ(ZelEusy_OemToChar(nullptr, nullptr), 0);
+    EXPECT_STREQ(text, "\344");
+}
+
+TEST(CodePages, EmptyAndLongTexts)
+{
+    char empty[] = "";
+    EXPECT_EQ(ZelEusy_CharToOem(empty, empty), 1);
+    EXPECT_STREQ(empty, "");
+
+    for (std::size_t length = 1; length < 100; ++length) {
+        std::string text(length, 'a');
+        text[length - 1] = '\344';
+        std::string expected(length, 'a');
+        expected[length - 1] = '\204';
+        ASSERT_EQ(ZelEusy_CharToOem(text.c_str(), text.data()), 1);
+        EXPECT_EQ(text, expected);
+    }
+}
