@@ -13,20 +13,35 @@ else()
   set(zel_gtest GTest::gmock GTest::gtest GTest::gtest_main)
 endif()
 
-# zel_add_test(<name> SOURCES <file>... LIBRARIES <target>... [ENVIRONMENT <variable=value>...])
+# zel_set_locale(<test> <locale>): the system settings that a test runs with.
+function(zel_set_locale test locale)
+  if(WIN32)
+    set_tests_properties(${test} PROPERTIES ENVIRONMENT "ZEL_WINE_LC_ALL=${locale}")
+  else()
+    set_tests_properties(${test} PROPERTIES ENVIRONMENT "LC_ALL=${locale}")
+  endif()
+endfunction()
+
+# zel_add_test(<name> SOURCES <file>... LIBRARIES <target>...)
 #
-# Makes the test program <name> and registers it with ctest under the same name. German system
-# settings unless the environment says otherwise.
+# Makes the test program <name> and registers it with ctest under the same name, with German
+# system settings (OEM code page 850).
+#
+# zel_add_test_run(<test> <name> <locale>): the same program once more with other settings, for
+# example C.UTF-8 for OEM code page 437.
 function(zel_add_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES;ENVIRONMENT")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}")
   target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} ${zel_gtest})
   target_compile_features(${name} PRIVATE cxx_std_20)
   zel_configure_target(${name})
-  # The emulator that runs Windows programs is put in front by CMake.
-  add_test(NAME ${name} COMMAND ${name})
-  set_tests_properties(${name} PROPERTIES
-      TIMEOUT 600
-      ENVIRONMENT "LC_ALL=de_DE.UTF-8;ZEL_WINE_LC_ALL=de_DE.UTF-8;${arg_ENVIRONMENT}")
+  zel_add_test_run(${name} ${name} de_DE.UTF-8)
+endfunction()
+
+function(zel_add_test_run test name locale)
+  # CMake puts the emulator for Windows programs in front.
+  add_test(NAME ${test} COMMAND ${name})
+  set_tests_properties(${test} PROPERTIES TIMEOUT 600)
+  zel_set_locale(${test} ${locale})
 endfunction()

@@ -6,6 +6,9 @@
 # code pages; German settings (ANSI 1252, OEM 850) unless the caller chose others.
 set -euo pipefail
 
+# Debian installs the 64-bit Wine under one name or the other.
+wine=$(command -v wine64 || command -v wine) || { echo "Wine is not installed" >&2; exit 127; }
+
 program=$(realpath "$1")
 shift
 build=$(dirname "$(dirname "$program")")
@@ -13,7 +16,7 @@ build=$(dirname "$(dirname "$program")")
 export WINEPREFIX="${ZEL_WINEPREFIX:-$build/wineprefix}"
 export WINEDEBUG=-all
 export WINEDLLOVERRIDES="mscoree,mshtml="
-export LC_ALL="${ZEL_WINE_LC_ALL:-de_DE.UTF-8}"
+locale="${ZEL_WINE_LC_ALL:-de_DE.UTF-8}"
 
 gcc_runtime=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-file-name=libstdc++-6.dll)")
 pthread_runtime=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-file-name=libwinpthread-1.dll)")
@@ -24,10 +27,10 @@ mkdir -p "$WINEPREFIX"
 exec 9>"$WINEPREFIX.lock"
 flock 9
 if [ ! -e "$WINEPREFIX/.ready" ]; then
-  wine64 wineboot -i >/dev/null 2>&1 9>&-
-  wine64 reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null 2>&1 9>&-
+  LC_ALL="$locale" "$wine" wineboot -i >/dev/null 2>&1 9>&-
+  "$wine" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null 2>&1 9>&-
   touch "$WINEPREFIX/.ready"
 fi
 exec 9>&-
 
-exec wine64 "$program" "$@"
+exec env LC_ALL="$locale" "$wine" "$program" "$@"

@@ -90,8 +90,8 @@ TEST(StringExpressions, IndexWithEveryIntegerType)
     EXPECT_EQ(s[1L], 'b');
     EXPECT_EQ(s[static_cast<short>(1)], 'b');
     try {
-        const long long far = 0x100000000LL; // would be 0 if it were cut
-        s[far];
+        const long long distant = 0x100000000LL; // would be 0 if it were cut
+        s[distant];
         FAIL() << "no error";
     } catch (ZelDtExcep* e) {
         EXPECT_EQ(e->GetErrorNo(), 3U);

@@ -255,9 +255,9 @@ TEST(SettingTheMode, StoresItAndDefinesWhatIsAlwaysDefined)
             for (const ZelDtWorkingMode mode : kRealModes) {
                 Bring(probe, state);
                 probe.SetWorkingMode(mode);
-                EXPECT_EQ(StateOf(probe), (State{mode, mode == ZelDtWmAlwaysDefined ? 1
-                                                                                    : state.defined,
-                                                 state.modified}));
+                EXPECT_EQ(StateOf(probe),
+                          (State{mode, mode == ZelDtWmAlwaysDefined ? 1 : state.defined,
+                                 state.modified}));
             }
         }
     });
@@ -510,11 +510,11 @@ std::size_t SlotOf(Member member)
 
 TEST(VirtualOperations, StandInTheirOrder)
 {
-    const std::size_t slots[] = {
-        SlotOf(&Probe::Clear),        SlotOf(&Probe::SetModified),   SlotOf(&Probe::GetDtTyp),
-        SlotOf(&Probe::Assign),       SlotOf(&Probe::NewObject),     SlotOf(&Probe::ConvToOFL),
-        SlotOf(&Probe::SetFromOFL),   SlotOf(&Probe::ConvToExtern),  SlotOf(&Probe::SetFromExtern),
-        SlotOf(&Probe::ReservedQuery)};
+    const std::size_t slots[] = {SlotOf(&Probe::Clear),         SlotOf(&Probe::SetModified),
+                                 SlotOf(&Probe::GetDtTyp),      SlotOf(&Probe::Assign),
+                                 SlotOf(&Probe::NewObject),     SlotOf(&Probe::ConvToOFL),
+                                 SlotOf(&Probe::SetFromOFL),    SlotOf(&Probe::ConvToExtern),
+                                 SlotOf(&Probe::SetFromExtern), SlotOf(&Probe::ReservedQuery)};
     for (std::size_t i = 1; i < std::size(slots); ++i)
         EXPECT_EQ(slots[i], slots[0] + i) << "operation " << i;
 

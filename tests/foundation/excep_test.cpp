@@ -141,8 +141,7 @@ TEST(Construction, CopiesItsTexts)
     std::string module = "DTLONG";
     std::string className = "ZelDtLong";
     std::string signature = "Clear()";
-    const ErrorPtr e(
-        new ZelDtExcep(module.c_str(), className.c_str(), signature.c_str(), 2, 0, 1));
+    const ErrorPtr e(new ZelDtExcep(module.c_str(), className.c_str(), signature.c_str(), 2, 0, 1));
     module = className = signature = "overwritten";
     EXPECT_EQ(ErrorOf(*e), (Error{2, "DTLONG", "ZelDtLong", "Clear()"}));
 }
@@ -248,8 +247,8 @@ TEST(Ownership, OfErrorsIsCounted)
 TEST(Ownership, OfTheFrameworkExceptionIsTheErrors)
 {
     bool deleted = false;
-    auto* e = new ZelDtExcep(new WatchedCause(&deleted), 1, "DTLONG", "ZelDtLong", "Clear()", 1, 0,
-                             0);
+    auto* e =
+        new ZelDtExcep(new WatchedCause(&deleted), 1, "DTLONG", "ZelDtLong", "Clear()", 1, 0, 0);
     EXPECT_FALSE(deleted);
     delete e;
     EXPECT_TRUE(deleted);

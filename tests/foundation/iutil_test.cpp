@@ -83,8 +83,14 @@ TEST(Equality, OfTexts)
         {"m\xFCller", "M\xDCLLER", 1, 0},
         {"m\xFCller", "m\xFCller", 1, 1},
         {"mueller", "m\xFCller", 0, 0},
-        {"stra\xDF" "e", "STRASSE", 0, 0},
-        {"stra\xDF" "e", "STRA\xDF" "E", 1, 0},
+        {"stra\xDF"
+         "e",
+         "STRASSE", 0, 0},
+        {"stra\xDF"
+         "e",
+         "STRA\xDF"
+         "E",
+         1, 0},
         {"\xE4\xF6\xFC", "\xC4\xD6\xDC", 1, 0},
         {"\xE4", "a", 0, 0},
         {"[", "{", 0, 0},
@@ -203,21 +209,32 @@ TEST(SortOrder, OfTexts)
         {"0", "9", -1},
         {"9", "a", -1},
         {"9", "10", 1},
-        {"Zebra", "\xC4" "pfel", 1},
-        {"\xC4" "pfel", "Apfel", 1},
-        {"\xC4" "pfel", "B\xE4r", -1},
-        {"Stra\xDF" "e", "Strase", 0},
-        {"Stra\xDF" "e", "Strasse", -1},
-        {"\xDE", "Z", 0},  // thorn, capital
-        {"\xFE", "Z", 1},  // thorn, small
+        {"Zebra",
+         "\xC4"
+         "pfel",
+         1},
+        {"\xC4"
+         "pfel",
+         "Apfel", 1},
+        {"\xC4"
+         "pfel",
+         "B\xE4r", -1},
+        {"Stra\xDF"
+         "e",
+         "Strase", 0},
+        {"Stra\xDF"
+         "e",
+         "Strasse", -1},
+        {"\xDE", "Z", 0}, // thorn, capital
+        {"\xFE", "Z", 1}, // thorn, small
         {"\xFE", "\xDE", 1},
-        {"\x8A", "S", 1},  // S with caron
+        {"\x8A", "S", 1}, // S with caron
         {"\x9A", "T", -1},
         {"\x8C", "\xD8", 1}, // OE between O with stroke and P
         {"\x9C", "P", -1},
-        {"\x9F", "Y", 0},    // Y with diaeresis, capital
-        {"\xFF", "y", 1},    // and small
-        {"\xD0", "Z", 1},    // eth
+        {"\x9F", "Y", 0}, // Y with diaeresis, capital
+        {"\xFF", "y", 1}, // and small
+        {"\xD0", "Z", 1}, // eth
         {"\xF0", "\xD0", 0},
         {"\xD7", "\x2B", 1}, // multiplication sign, a symbol
         {"\xD7", " ", -1},
@@ -227,8 +244,12 @@ TEST(SortOrder, OfTexts)
         {"ab\x01", "ab", 1},
         {"ab\x01", "ab\x02", 0},
         {"ab\x01", "ab\xF7", 0},
-        {"ab\x01" "c", "ab", 1},
-        {"ab\x01" "c", "abc", -1},
+        {"ab\x01"
+         "c",
+         "ab", 1},
+        {"ab\x01"
+         "c",
+         "abc", -1},
         {"ab", "abc", -1},
         {"abd", "abc", 1},
         {"abcd", "abd", -1},
@@ -365,7 +386,8 @@ TEST(CodePages, DifferInTheLowQuotes)
 
 TEST(CodePages, BringGermanTextBack)
 {
-    const std::string german = "Gr\xFC\xDF" "e aus K\xF6ln, \xC4 \xD6 \xDC \xE4 \xF6 \xFC \xE9";
+    const std::string german = "Gr\xFC\xDF"
+                               "e aus K\xF6ln, \xC4 \xD6 \xDC \xE4 \xF6 \xFC \xE9";
     const ZelDtCodepageWandlung ways[][2] = {{ZelDtCpAnsiToOem850, ZelDtCpOem850ToAnsi},
                                              {ZelDtCpAnsiToOem437, ZelDtCpOem437ToAnsi},
                                              {ZelDtCpAnsiToOem, ZelDtCpOemToAnsi}};
@@ -459,8 +481,8 @@ TEST(BoundTexts, KeepTheirBufferAndCutWhatDoesNotFit)
         const int allocated = field.GetAllocLength();
         ASSERT_GE(allocated, room);
         const char* const buffer = field.GetString();
-        for (const int length : {0, 1, allocated - 2, allocated - 1, allocated, allocated + 1,
-                                 10 * allocated, 0}) {
+        for (const int length :
+             {0, 1, allocated - 2, allocated - 1, allocated, allocated + 1, 10 * allocated, 0}) {
             if (length < 0)
                 continue;
             std::string text;
