@@ -18,7 +18,9 @@ function(zel_add_library name)
     add_library(${name} SHARED)
     set_target_properties(${name} PROPERTIES
         VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
-        DEFINE_SYMBOL ${name}_BUILD)
+        DEFINE_SYMBOL ${name}_BUILD
+        # Installed libraries find their siblings beside them.
+        INSTALL_RPATH "$ORIGIN")
     if(WIN32)
       set_target_properties(${name} PROPERTIES PREFIX "")
     endif()

@@ -14,7 +14,7 @@ namespace zeldt {
 
 namespace {
 
-constexpr std::size_t kChunkSize = 64 * 1024;
+constexpr std::size_t kChunkSize = std::size_t{64} * 1024;
 constexpr std::size_t kCacheLine = 64;
 
 struct Chunk {
@@ -162,8 +162,11 @@ void Close()
     zelrt::CloseThreadSlot();
     const std::lock_guard guard(store.lock);
     store.closed = true;
-    while (store.caches != nullptr)
-        Dissolve(store.caches);
+    for (ListedCache* cache = store.caches; cache != nullptr;) {
+        ListedCache* const next = cache->next;
+        Dissolve(cache);
+        cache = next;
+    }
     if (!std::equal(store.freeBlocks, store.freeBlocks + kBlockSizeCount, store.carvedBlocks))
         return;
     while (Chunk* const chunk = store.chunks) {

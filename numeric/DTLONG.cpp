@@ -127,8 +127,10 @@ ZelDtLong::~ZelDtLong()
 
 ZelDtLong& ZelDtLong::operator=(const ZelDtLong& source)
 {
-    Operators::Change(*this, source.m_pImp->value);
-    ZelDtBasis::operator=(source);
+    if (this != &source) {
+        Operators::Change(*this, source.m_pImp->value);
+        ZelDtBasis::operator=(source);
+    }
     return *this;
 }
 

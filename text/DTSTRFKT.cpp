@@ -261,7 +261,8 @@ int ZelDtString::Change(const ZelDtString& oldPart, const ZelDtString& newPart, 
 int ZelDtString::ChangeAt(const ZelDtString& oldPart, const ZelDtString& newPart, int position)
 {
     if (&newPart == this) {
-        const ZelDtString original(newPart);
+        // A real copy: the value is about to change.
+        const ZelDtString original(newPart); // NOLINT(performance-unnecessary-copy-initialization)
         return ChangeAt(oldPart, original, position);
     }
     const int removed = DeleteParts(oldPart, position);

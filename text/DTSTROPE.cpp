@@ -48,7 +48,7 @@ constexpr Operation kLessOrEqual = Op("operator<=(ZelDtString&)");
 constexpr Operation kGreaterOrEqual = Op("operator>=(ZelDtString&)");
 
 /// What an undefined operand contributes.
-constexpr std::string_view kNoText("", 0);
+constexpr std::string_view kNoText = "";
 
 std::string_view ViewOf(const CString& text)
 {

@@ -61,7 +61,7 @@ typedef union tagCY {
 } CY;
 typedef CY CURRENCY;
 
-typedef struct _SYSTEMTIME {
+struct SYSTEMTIME {
     WORD wYear;
     WORD wMonth;
     WORD wDayOfWeek;
@@ -70,7 +70,7 @@ typedef struct _SYSTEMTIME {
     WORD wMinute;
     WORD wSecond;
     WORD wMilliseconds;
-} SYSTEMTIME;
+};
 
 /// A loaded module; on Linux the address at which it was loaded.
 typedef struct ZelrtModule_* HMODULE;

@@ -124,12 +124,12 @@ TEST(Numbers, CrossTheBuffersEnd)
     file.SeekToBegin();
     CArchive in(&file, CArchive::load, 1);
     for (int i = 0; i < kRecords; ++i) {
-        BYTE byte = 0;
+        BYTE small = 0;
         WORD word = 0;
         int number = 0;
         double half = 0;
-        in >> byte >> word >> number >> half;
-        ASSERT_EQ(byte, static_cast<BYTE>(i));
+        in >> small >> word >> number >> half;
+        ASSERT_EQ(small, static_cast<BYTE>(i));
         ASSERT_EQ(word, i);
         ASSERT_EQ(number, i);
         ASSERT_EQ(half, i * 0.5);

@@ -53,9 +53,9 @@ inline std::string Hex(std::string_view bytes)
 {
     constexpr char digits[] = "0123456789ABCDEF";
     std::string text;
-    for (const char byte : bytes) {
-        text += digits[static_cast<unsigned char>(byte) >> 4];
-        text += digits[static_cast<unsigned char>(byte) & 15];
+    for (const char character : bytes) {
+        text += digits[static_cast<unsigned char>(character) >> 4];
+        text += digits[static_cast<unsigned char>(character) & 15];
         text += ' ';
     }
     if (!text.empty())

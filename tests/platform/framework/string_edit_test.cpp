@@ -140,14 +140,14 @@ TEST(Appending, OperatorsJoin)
 TEST(Case, FollowsTheCodePage)
 {
     std::string all;
-    for (int byte = 1; byte < 256; ++byte)
-        all += static_cast<char>(byte);
+    for (int code = 1; code < 256; ++code)
+        all += static_cast<char>(code);
     const std::string upper = Text(Make(all).MakeUpper());
     const std::string lower = Text(Make(all).MakeLower());
     for (std::size_t i = 0; i < all.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(all[i]);
-        EXPECT_EQ(static_cast<unsigned char>(upper[i]), zelrt::AnsiToUpper(byte));
-        EXPECT_EQ(static_cast<unsigned char>(lower[i]), zelrt::AnsiToLower(byte));
+        const auto code = static_cast<unsigned char>(all[i]);
+        EXPECT_EQ(static_cast<unsigned char>(upper[i]), zelrt::AnsiToUpper(code));
+        EXPECT_EQ(static_cast<unsigned char>(lower[i]), zelrt::AnsiToLower(code));
     }
     EXPECT_EQ(Text(CString("stra\337e \344\377").MakeUpper()), "STRA\337E \304\237");
     EXPECT_EQ(Text(CString("\304\326\334 ABC").MakeLower()), "\344\366\374 abc");

@@ -391,8 +391,8 @@ TEST(SystemStrings, CarryTheTextAsWideUnits)
 TEST(SystemStrings, EveryByteComesBack)
 {
     std::string all;
-    for (int byte = 0; byte < 256; ++byte)
-        all += static_cast<char>(byte);
+    for (int code = 0; code < 256; ++code)
+        all += static_cast<char>(code);
     BSTR string = Make(all).AllocSysString();
     EXPECT_EQ(Text(CString(string, 256)), all);
     SysFreeString(string);
