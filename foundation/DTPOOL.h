@@ -101,7 +101,7 @@ inline void* TakeBlock()
 template <std::size_t Size>
 inline void ReturnBlock(void* memory) noexcept
 {
-    ::operator delete(memory, Size);
+    ::operator delete(memory);
 }
 
 #endif
