@@ -4,8 +4,6 @@
 #include "foundation/DTSORT.h"
 #include "text/IMP/dtstrini.h"
 
-#include <cstring>
-
 namespace {
 
 using zeldt::ErrorNo;
@@ -48,7 +46,7 @@ constexpr Operation kLessOrEqual = Op("operator<=(ZelDtString&)");
 constexpr Operation kGreaterOrEqual = Op("operator>=(ZelDtString&)");
 
 /// What an undefined operand contributes.
-constexpr std::string_view kNoText = "";
+constexpr std::string_view kNoText;
 
 std::string_view ViewOf(const CString& text)
 {
@@ -192,8 +190,8 @@ ZelDtString ZelDtString::Joined(const Operation& operation, std::string_view lef
     return Guarded(operation, [&] {
         ZelDtString result(new ZelDtString_Imp);
         char* const out = result.m_pImp->Fresh(static_cast<int>(left.size() + right.size()));
-        std::memcpy(out, left.data(), left.size());
-        std::memcpy(out + left.size(), right.data(), right.size());
+        left.copy(out, left.size());
+        right.copy(out + left.size(), right.size());
         return result;
     });
 }

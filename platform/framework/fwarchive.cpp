@@ -169,7 +169,7 @@ void CArchive::MakeRoom()
     Flush();
 }
 
-/// Called when fewer than `count` bytes are there; `count` is far below the buffer's size.
+/// Called when fewer than `count` bytes are there; `count` is not above the buffer's size.
 void CArchive::Fetch(std::size_t count)
 {
     RequireLoading();
@@ -193,6 +193,14 @@ std::size_t CArchive::ReadAhead(std::size_t count)
         m_end = m_buffer + available;
     }
     return available;
+}
+
+/// The next bytes where they lie, until the next call; `count` is not above the buffer's size.
+const BYTE* CArchive::TakeBytes(std::size_t count)
+{
+    if (static_cast<std::size_t>(m_end - m_next) < count)
+        Fetch(count);
+    return std::exchange(m_next, m_next + count);
 }
 
 UINT CArchive::Read(void* buffer, UINT count)
@@ -351,9 +359,23 @@ CArchive& operator<<(CArchive& ar, const CString& text)
     return ar;
 }
 
+/// Reads a text where it lies if the buffer can hold it.
+struct CArchiveText {
+    static void Read(CArchive& ar, CString& text)
+    {
+        const TextHead head = ReadTextHead(ar);
+        if (head.wide)
+            text = ReadWideText(ar, head.length);
+        else if (head.length > ar.m_bufferSize)
+            text = ReadNarrowText(ar, head.length);
+        else
+            text.SetString(reinterpret_cast<LPCTSTR>(ar.TakeBytes(head.length)),
+                           static_cast<int>(head.length));
+    }
+};
+
 CArchive& operator>>(CArchive& ar, CString& text)
 {
-    const TextHead head = ReadTextHead(ar);
-    text = head.wide ? ReadWideText(ar, head.length) : ReadNarrowText(ar, head.length);
+    CArchiveText::Read(ar, text);
     return ar;
 }

@@ -23,6 +23,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <type_traits>
+#include <utility>
 
 #include "../runtime/wintypes.h"
 #include "export.h"
@@ -32,6 +34,7 @@
 #include "fwstring.h"
 
 struct CArchiveMap;
+struct CArchiveText;
 
 class ZELFW_API CArchive {
 public:
@@ -137,6 +140,8 @@ public:
     CArchive& operator>>(double& value);
 
 private:
+    friend struct CArchiveText;
+
     template <typename Bits, typename Value>
     static Bits BitsOf(Value value) noexcept
     {
@@ -146,14 +151,32 @@ private:
         return bits;
     }
 
-    /// Writes an unsigned number; the loop becomes one store.
+    // Byte by byte in the source, one instruction in the program: compilers join shifts that are
+    // written out, and know that a local array does not overlap the archive's own members.
+
+    template <typename Bits, std::size_t... I>
+    static void Store(BYTE* target, Bits bits, std::index_sequence<I...>) noexcept
+    {
+        const BYTE bytes[] = {static_cast<BYTE>(bits >> (8 * I))...};
+        std::memcpy(target, bytes, sizeof bytes);
+    }
+
+    template <typename Bits, std::size_t... I>
+    static Bits Load(const BYTE* source, std::index_sequence<I...>) noexcept
+    {
+        using Wide = std::common_type_t<Bits, unsigned>;
+        BYTE bytes[sizeof(Bits)];
+        std::memcpy(bytes, source, sizeof bytes);
+        return static_cast<Bits>((... | (static_cast<Wide>(bytes[I]) << (8 * I))));
+    }
+
+    /// Writes an unsigned number.
     template <typename Bits>
     CArchive& Put(Bits bits)
     {
         if (static_cast<std::size_t>(m_putEnd - m_put) < sizeof bits)
             MakeRoom();
-        for (std::size_t i = 0; i < sizeof bits; ++i)
-            m_put[i] = static_cast<BYTE>(bits >> (8 * i));
+        Store(m_put, bits, std::make_index_sequence<sizeof bits>());
         m_put += sizeof bits;
         return *this;
     }
@@ -167,15 +190,13 @@ private:
         return *this << static_cast<Stored>(value);
     }
 
+    /// Reads an unsigned number.
     template <typename Bits>
     Bits Take()
     {
         if (static_cast<std::size_t>(m_end - m_next) < sizeof(Bits))
             Fetch(sizeof(Bits));
-        Bits bits = 0;
-        for (std::size_t i = 0; i < sizeof bits; ++i)
-            bits = static_cast<Bits>(bits |
-                                     static_cast<Bits>(static_cast<Bits>(m_next[i]) << (8 * i)));
+        const Bits bits = Load<Bits>(m_next, std::make_index_sequence<sizeof(Bits)>());
         m_next += sizeof bits;
         return bits;
     }
@@ -190,6 +211,7 @@ private:
     void MakeRoom();
     void Fetch(std::size_t count);
     std::size_t ReadAhead(std::size_t count);
+    const BYTE* TakeBytes(std::size_t count);
     void RequireStoring() const;
     void RequireLoading() const;
     [[noreturn]] void Throw(int cause) const;
