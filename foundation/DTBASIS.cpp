@@ -41,16 +41,14 @@ ZelDtBasis::ZelDtBasis(int defined, ZelDtWorkingMode mode)
           const ZelDtWorkingMode resolved = Resolved(mode);
           return new ZelDtBasisState(resolved, resolved == ZelDtWmAlwaysDefined ? 1 : defined, 0);
       }))
-{
-}
+{}
 
 ZelDtBasis::ZelDtBasis(const ZelDtBasis& other)
     : CObject(), m_pState(Guarded(kCopy, [&other] {
           return new ZelDtBasisState(other.GetWorkingMode(), other.m_pState->defined,
                                      other.m_pState->modified);
       }))
-{
-}
+{}
 
 ZelDtBasis::~ZelDtBasis()
 {
@@ -169,8 +167,7 @@ int ZelDtBasis::CheckDefinedForArithmetic(const ZelDtBasis& a, const ZelDtBasis&
 
 ZelDtBasis::Rollback::Rollback(ZelDtBasis& value)
     : m_pValue(&value), m_bDefined(value.m_pState->defined), m_bModified(value.m_pState->modified)
-{
-}
+{}
 
 ZelDtBasis::Rollback::~Rollback()
 {

@@ -52,8 +52,7 @@ ZELDT_API ZelDtWorkingMode ZelDtGetDefaultWorkingMode();
 ///
 /// Errors are thrown as ZelDtExcep*. The operations of this class fail only when memory is
 /// exhausted or an archive fails (error 1).
-class ZELDT_API ZelDtBasis : public CObject
-{
+class ZELDT_API ZelDtBasis : public CObject {
     DECLARE_DYNAMIC(ZelDtBasis)
 
 public:
@@ -143,8 +142,7 @@ protected:
 
     /// Keeps definedness and modification while a value is being read, and puts them back unless
     /// Commit is called. For Serialize of the value classes.
-    class ZELDT_API Rollback
-    {
+    class ZELDT_API Rollback {
     public:
         explicit Rollback(ZelDtBasis& value);
         ~Rollback();

@@ -16,23 +16,20 @@ ZelDtExcep::ZelDtExcep(const char* module, const char* className, const char* si
                        unsigned long errorNo, unsigned long extra, int flag)
     : ZelDtExcep(module, className, signature, errorNo, zeldt::RowOf(errorNo).value1,
                  zeldt::RowOf(errorNo).value2, extra, flag)
-{
-}
+{}
 
 ZelDtExcep::ZelDtExcep(const char* module, const char* className, const char* signature,
                        unsigned long errorNo, unsigned long value1, unsigned long value2,
                        unsigned long extra, int flag)
     : ZelEhBasis(module, className, signature, zeldt::RowOf(errorNo).text, errorNo, value1, value2,
                  nullptr, 1, extra, flag)
-{
-}
+{}
 
 ZelDtExcep::ZelDtExcep(CException* cause, int causeFlag, const char* module, const char* className,
                        const char* signature, unsigned long errorNo, unsigned long extra, int flag)
     : ZelEhBasis(module, className, signature, zeldt::RowOf(errorNo).text, errorNo, 0, 0, cause,
                  causeFlag, extra, flag)
-{
-}
+{}
 
 ZelDtExcep::~ZelDtExcep()
 {

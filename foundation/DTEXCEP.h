@@ -21,8 +21,7 @@
 /// GetCause() to a framework exception.
 ///
 /// When memory does not even suffice for the error, a null pointer is thrown.
-class ZELDT_API ZelDtExcep : public ZelEhBasis
-{
+class ZELDT_API ZelDtExcep : public ZelEhBasis {
     DECLARE_DYNAMIC(ZelDtExcep)
 
 public:

@@ -30,8 +30,7 @@ struct ListedCache : ThreadCache {
 
 /// A lock that needs neither construction nor destruction. It is held for a few instructions on
 /// slow ways only, so whoever waits gives its turn away.
-class Lock
-{
+class Lock {
 public:
     void lock() noexcept
     {

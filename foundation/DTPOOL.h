@@ -109,8 +109,7 @@ inline void ReturnBlock(void* memory) noexcept
 /// Base of a final class whose objects come from the pool. Throws std::bad_alloc when memory is
 /// exhausted.
 template <typename Object>
-class Pooled
-{
+class Pooled {
 public:
     static void* operator new(std::size_t) { return TakeBlock<sizeof(Object)>(); }
 

@@ -8,13 +8,11 @@
 
 #include <cstdint>
 
-class ZelDtBasisState : public zeldt::Pooled<ZelDtBasisState>
-{
+class ZelDtBasisState : public zeldt::Pooled<ZelDtBasisState> {
 public:
     ZelDtBasisState(ZelDtWorkingMode workingMode, int isDefined, int isModified)
         : mode(workingMode), defined(isDefined), modified(isModified)
-    {
-    }
+    {}
 
     std::int32_t mode;
     std::int32_t defined;

@@ -47,8 +47,7 @@ void EditText(const std::string& text, std::uint8_t choice)
 {
     const std::string::size_type middle = text.size() / 2;
     ZelDtString value(CString(text.data(), static_cast<int>(middle)));
-    const ZelDtString part(
-        CString(text.data() + middle, static_cast<int>(text.size() - middle)));
+    const ZelDtString part(CString(text.data() + middle, static_cast<int>(text.size() - middle)));
     Tolerating([&] { value.Change(part, value, ZelDtString::kiAll); });
     Tolerating([&] { value.DeleteParts(part, choice % 2 != 0 ? ZelDtString::kiAll : choice); });
     Tolerating([&] { value.Insert(part, choice); });

@@ -1,7 +1,7 @@
 #include "numeric/DTLONG.h"
 
+#include "foundation/DTCHECK.h"
 #include "foundation/DTFORMAT.h"
-#include "foundation/DTGUARD.h"
 #include "numeric/IMP/DTINTOPE.h"
 #include "numeric/IMP/DTLONGI.h"
 #include "text/DTSTRING.h"
@@ -81,41 +81,34 @@ std::int32_t Checked(const Operation& operation, long number)
 
 ZelDtLong::ZelDtLong(ZelDtWorkingMode mode)
     : ZelDtBasis(0, mode), m_pImp(Guarded(kFromMode, [] { return new ZelDtLong_Imp(0); }))
-{
-}
+{}
 
 ZelDtLong::ZelDtLong(int number)
     : ZelDtBasis(1, ZelDtWmDefault),
       m_pImp(Guarded(kFromInt, [=] { return new ZelDtLong_Imp(number); }))
-{
-}
+{}
 
 ZelDtLong::ZelDtLong(long number)
-    : ZelDtBasis(1, ZelDtWmDefault), m_pImp(Guarded(kFromLong, [=] {
-          return new ZelDtLong_Imp(Operators::FromWide(number));
-      }))
-{
-}
+    : ZelDtBasis(1, ZelDtWmDefault),
+      m_pImp(Guarded(kFromLong, [=] { return new ZelDtLong_Imp(Operators::FromWide(number)); }))
+{}
 
 ZelDtLong::ZelDtLong(const char* text)
     : ZelDtBasis(1, ZelDtWmDefault),
       m_pImp(Guarded(kFromText, [=] { return new ZelDtLong_Imp(NumberOf(text)); }))
-{
-}
+{}
 
 ZelDtLong::ZelDtLong(const ZelDtString& source)
     : ZelDtBasis(source), m_pImp(Guarded(kFromString, [&] {
           return new ZelDtLong_Imp(source.IsDefined() ? NumberOf(source) : 0);
       }))
-{
-}
+{}
 
 ZelDtLong::ZelDtLong(const ZelDtLong& source)
     : ZelDtBasis(source), m_pImp(Guarded(kCopy, [&] {
           return new ZelDtLong_Imp(source.IsDefined() ? source.m_pImp->value : 0);
       }))
-{
-}
+{}
 
 ZelDtLong::~ZelDtLong()
 {
@@ -175,8 +168,7 @@ void ZelDtLong::Clear()
 
 long ZelDtLong::GetValue() const
 {
-    if (IsMissing())
-        Raise(kGetValue, ErrorNo::UndefinedValue);
+    zeldt::RequireReadable(kGetValue, *this);
     return m_pImp->value;
 }
 

@@ -32,8 +32,7 @@ struct LongRules;
 ///     count += 30;
 ///     count = count * 2;        // 84
 ///     count.ConvToSQL();        // 84
-class ZELDT_API ZelDtLong : public ZelDtBasis
-{
+class ZELDT_API ZelDtLong : public ZelDtBasis {
     DECLARE_SERIAL(ZelDtLong)
 
 public:
@@ -103,7 +102,8 @@ public:
     virtual void SetFromRecordSet(CRecordset& rs, const long& field);
     /// Sets the field of a defined value and marks it null or not.
     virtual void ConvToRecordSet(CRecordset& rs, long& field) const;
-    /// Defined word, then the number as a 32-bit word. A failing archive leaves the value as it was.
+    /// Defined word, then the number as a 32-bit word. A failing archive leaves the value as it
+    /// was.
     void Serialize(CArchive& ar) override;
 
     // Arithmetic

@@ -1,8 +1,7 @@
 #include "text/DTSTRING.h"
 
-#include "foundation/DTGUARD.h"
 #include "platform/runtime/ansi.h"
-#include "text/IMP/dtstrini.h"
+#include "text/IMP/DTTEXT.h"
 
 #include <cstring>
 #include <string>
@@ -13,6 +12,8 @@ using zeldt::ErrorNo;
 using zeldt::Guarded;
 using zeldt::Operation;
 using zeldt::Raise;
+using zeldt::RequireLength;
+using zeldt::RequireReadable;
 
 constexpr Operation Op(const char* signature)
 {
@@ -39,28 +40,15 @@ constexpr Operation kConvertCodePage = Op("ConvertCodePage(ZelDtCodepageWandlung
 
 constexpr char kBlank = ' ';
 
-void CheckReadable(const Operation& operation, const ZelDtBasis& value)
-{
-    if (value.IsMissing())
-        Raise(operation, ErrorNo::UndefinedValue);
-}
-
-void CheckLength(const Operation& operation, std::size_t length)
-{
-    if (length >= static_cast<std::size_t>(ZelDtString_Imp::kMaxLength))
-        Raise(operation, ErrorNo::OutOfRange);
-}
-
 /// What Copy, CopyParts and Insert ask before they put `source` at `position`; `newLength` is what
 /// the text would then be long.
 void CheckPlace(const Operation& operation, const ZelDtString& target, const ZelDtString& source,
                 int position, std::size_t newLength)
 {
-    CheckReadable(operation, target);
-    CheckReadable(operation, source);
+    RequireReadable(operation, target, source);
     if (position < 0 || position > target.GetLength())
         Raise(operation, ErrorNo::StringIndex);
-    CheckLength(operation, newLength);
+    RequireLength(operation, newLength);
 }
 
 std::size_t SumOf(int a, int b)
@@ -129,13 +117,13 @@ ZelDtBasis* ZelDtString::NewObject() const
 
 const char* ZelDtString::GetValue() const
 {
-    CheckReadable(kGetValue, *this);
+    RequireReadable(kGetValue, *this);
     return m_pImp->Text();
 }
 
 char* ZelDtString::GetValue(char* buffer, int size) const
 {
-    CheckReadable(kGetValueInto, *this);
+    RequireReadable(kGetValueInto, *this);
     if (buffer == nullptr)
         Raise(kGetValueInto, ErrorNo::InitialValue);
     if (size <= m_pImp->Length())
@@ -146,7 +134,7 @@ char* ZelDtString::GetValue(char* buffer, int size) const
 
 ZelDtString ZelDtString::GetnValue(int position, int count) const
 {
-    CheckReadable(kGetnValue, *this);
+    RequireReadable(kGetnValue, *this);
     if (IsNull())
         return Guarded(kGetnValue, [] { return ZelDtString(""); });
     const bool inside = position >= 0 && count >= 0 &&
@@ -171,7 +159,7 @@ int ZelDtString::GetAllocLength() const
 
 int ZelDtString::IsEmpty() const
 {
-    CheckReadable(kIsEmpty, *this);
+    RequireReadable(kIsEmpty, *this);
     return m_pImp->IsEmpty();
 }
 
@@ -245,9 +233,9 @@ int ZelDtString::Change(const ZelDtString& oldPart, const ZelDtString& newPart, 
         return 0;
     if (mode == kiSingle)
         matches = 1;
-    const std::size_t kept = static_cast<std::size_t>(m_pImp->Length()) -
-                             matches * oldPart.m_pImp->View().size();
-    CheckLength(kInsert, kept + matches * newPart.m_pImp->View().size());
+    const std::size_t kept =
+        static_cast<std::size_t>(m_pImp->Length()) - matches * oldPart.m_pImp->View().size();
+    RequireLength(kInsert, kept + matches * newPart.m_pImp->View().size());
     Guarded(kChange, [&] {
         const StableText oldText(*m_pImp, oldPart.m_pImp->View());
         const StableText newText(*m_pImp, newPart.m_pImp->View());
@@ -364,7 +352,7 @@ void ZelDtString::FillUp(char fill, int newLength, int side)
 {
     if (IsMissing() || newLength <= m_pImp->Length())
         return;
-    CheckLength(kFillUp, static_cast<std::size_t>(newLength));
+    RequireLength(kFillUp, static_cast<std::size_t>(newLength));
     Guarded(kFillUp, [&] {
         if (side == kiLeft)
             m_pImp->FillLeft(fill, newLength);

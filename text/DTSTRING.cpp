@@ -1,8 +1,7 @@
 #include "text/DTSTRING.h"
 
-#include "foundation/DTGUARD.h"
 #include "numeric/DTLONG.h"
-#include "text/IMP/dtstrini.h"
+#include "text/IMP/DTTEXT.h"
 
 IMPLEMENT_SERIAL(ZelDtString, ZelDtBasis, 1)
 
@@ -41,16 +40,14 @@ constexpr Operation kToWideText = Op("operatorBSTR()");
 
 ZelDtString_Imp* NewText(const CString& text)
 {
-    return new ZelDtString_Imp({text.GetString(), static_cast<std::size_t>(text.GetLength())},
-                               text.GetLength(), text.GetLength());
+    return new ZelDtString_Imp(zeldt::ViewOf(text), text.GetLength(), text.GetLength());
 }
 
 } // namespace
 
 ZelDtString::ZelDtString(ZelDtWorkingMode mode)
     : ZelDtBasis(0, mode), m_pImp(Guarded(kFromMode, [] { return new ZelDtString_Imp; }))
-{
-}
+{}
 
 ZelDtString::ZelDtString(const char* text, int length, int allocLength)
     : ZelDtBasis(1, ZelDtWmDefault), m_pImp(nullptr)
@@ -66,39 +63,33 @@ ZelDtString::ZelDtString(const char* text, int length, int allocLength)
 
 ZelDtString::ZelDtString(const CString& text)
     : ZelDtBasis(1, ZelDtWmDefault), m_pImp(Guarded(kFromCString, [&] { return NewText(text); }))
-{
-}
+{}
 
 ZelDtString::ZelDtString(unsigned short* const& text)
     : ZelDtBasis(1, ZelDtWmDefault), m_pImp(Guarded(kFromWideText, [&] {
           return NewText(CString(reinterpret_cast<LPCOLESTR>(text)));
       }))
-{
-}
+{}
 
 ZelDtString::ZelDtString(char character)
     : ZelDtBasis(1, ZelDtWmDefault),
       m_pImp(Guarded(kFromChar, [=] { return new ZelDtString_Imp(character); }))
-{
-}
+{}
 
 ZelDtString::ZelDtString(int number)
     : ZelDtBasis(1, ZelDtWmDefault),
       m_pImp(Guarded(kFromInt, [=] { return new ZelDtString_Imp(std::int32_t{number}); }))
-{
-}
+{}
 
 ZelDtString::ZelDtString(unsigned int number)
     : ZelDtBasis(1, ZelDtWmDefault),
       m_pImp(Guarded(kFromUInt, [=] { return new ZelDtString_Imp(std::uint32_t{number}); }))
-{
-}
+{}
 
 ZelDtString::ZelDtString(const ZelDtString& source)
     : ZelDtBasis(source),
       m_pImp(Guarded(kCopy, [&] { return new ZelDtString_Imp(*source.m_pImp); }))
-{
-}
+{}
 
 ZelDtString::ZelDtString(const ZelDtLong& source)
     : ZelDtBasis(source), m_pImp(Guarded(kFromLong, [&] {
@@ -106,8 +97,7 @@ ZelDtString::ZelDtString(const ZelDtLong& source)
                      ? new ZelDtString_Imp(static_cast<std::int32_t>(static_cast<long>(source)))
                      : new ZelDtString_Imp;
       }))
-{
-}
+{}
 
 ZelDtString::ZelDtString(ZelDtString_Imp* imp) : ZelDtBasis(1, ZelDtWmDefault), m_pImp(imp) {}
 

@@ -36,8 +36,7 @@ class ZelDtString_Imp;
 ///     name.Insert("Dr. ", 0);
 ///     name.GetPos("M", ZelDtString::kiFirst);   // 4
 ///     name.ConvToSQL();                         // "Dr. Müller" in double quotes
-class ZELDT_API ZelDtString : public ZelDtBasis
-{
+class ZELDT_API ZelDtString : public ZelDtBasis {
     DECLARE_SERIAL(ZelDtString)
 
 public:
@@ -95,8 +94,8 @@ public:
     // State
 
     ZelDtTyps GetDtTyp() const override;
-    /// Undefined unless the mode forbids it; the text is empty and its memory freed. A text that was
-    /// not empty marks the value modified.
+    /// Undefined unless the mode forbids it; the text is empty and its memory freed. A text that
+    /// was not empty marks the value modified.
     void Clear() override;
 
     // Reading
@@ -263,8 +262,7 @@ public:
 
     template <typename Unit, typename = IfSystemText<Unit>>
     ZelDtString(Unit* text) : ZelDtString(reinterpret_cast<unsigned short*>(text))
-    {
-    }
+    {}
     template <typename Unit, typename = IfSystemText<Unit>>
     ZelDtString& operator=(Unit* text)
     {
@@ -309,7 +307,8 @@ private:
 };
 
 /// The plain text followed by the string; a defined text in the default mode, or a copy of the
-/// plain text alone when the string is undefined. Reaching 2147483647 bytes: error 8; null: error 5.
+/// plain text alone when the string is undefined. Reaching 2147483647 bytes: error 8; null:
+/// error 5.
 ZELDT_API ZelDtString operator+(const char* left, const ZelDtString& right);
 ZELDT_API ZelDtString operator+(char left, const ZelDtString& right);
 

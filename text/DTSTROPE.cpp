@@ -1,8 +1,7 @@
 #include "text/DTSTRING.h"
 
-#include "foundation/DTGUARD.h"
 #include "foundation/DTSORT.h"
-#include "text/IMP/dtstrini.h"
+#include "text/IMP/DTTEXT.h"
 
 namespace {
 
@@ -10,6 +9,10 @@ using zeldt::ErrorNo;
 using zeldt::Guarded;
 using zeldt::Operation;
 using zeldt::Raise;
+using zeldt::RequiredView;
+using zeldt::RequireLength;
+using zeldt::RequireReadable;
+using zeldt::ViewOf;
 
 constexpr Operation Op(const char* signature)
 {
@@ -47,37 +50,6 @@ constexpr Operation kGreaterOrEqual = Op("operator>=(ZelDtString&)");
 
 /// What an undefined operand contributes.
 constexpr std::string_view kNoText;
-
-std::string_view ViewOf(const CString& text)
-{
-    return {text.GetString(), static_cast<std::size_t>(text.GetLength())};
-}
-
-/// The text of an argument that must not be null.
-std::string_view RequiredView(const Operation& operation, const char* text)
-{
-    if (text == nullptr)
-        Raise(operation, ErrorNo::InitialValue);
-    return text;
-}
-
-void CheckLength(const Operation& operation, std::size_t length)
-{
-    if (length >= static_cast<std::size_t>(ZelDtString_Imp::kMaxLength))
-        Raise(operation, ErrorNo::OutOfRange);
-}
-
-void CheckReadable(const Operation& operation, const ZelDtBasis& value)
-{
-    if (value.IsMissing())
-        Raise(operation, ErrorNo::UndefinedValue);
-}
-
-void CheckReadable(const Operation& operation, const ZelDtBasis& left, const ZelDtBasis& right)
-{
-    CheckReadable(operation, left);
-    CheckReadable(operation, right);
-}
 
 int Order(std::string_view left, std::string_view right)
 {
@@ -138,7 +110,7 @@ ZelDtString& ZelDtString::operator=(char character)
 
 void ZelDtString::AssignText(const Operation& operation, std::string_view text)
 {
-    CheckLength(operation, text.size());
+    RequireLength(operation, text.size());
     if (Guarded(operation, [&] { return m_pImp->Assign(text, !IsDefined()); }))
         SetModified(1);
     SetDefined(1);
@@ -174,7 +146,7 @@ ZelDtString& ZelDtString::operator+=(char character)
 void ZelDtString::AppendText(const Operation& operation, std::string_view text)
 {
     const bool changes = !text.empty();
-    CheckLength(operation, static_cast<std::size_t>(m_pImp->Length()) + text.size());
+    RequireLength(operation, static_cast<std::size_t>(m_pImp->Length()) + text.size());
     Guarded(operation, [&] { m_pImp->Append(text); });
     SetDefined(1);
     if (changes)
@@ -186,7 +158,7 @@ void ZelDtString::AppendText(const Operation& operation, std::string_view text)
 ZelDtString ZelDtString::Joined(const Operation& operation, std::string_view left,
                                 std::string_view right) const
 {
-    CheckLength(operation, left.size() + right.size());
+    RequireLength(operation, left.size() + right.size());
     return Guarded(operation, [&] {
         ZelDtString result(new ZelDtString_Imp);
         char* const out = result.m_pImp->Fresh(static_cast<int>(left.size() + right.size()));
@@ -226,8 +198,7 @@ ZelDtString ZelDtString::operator+(char right) const
 ZelDtString operator+(const char* left, const ZelDtString& right)
 {
     const std::string_view text = RequiredView(kTextPlus, left);
-    return right.Joined(kTextPlus, text,
-                        right.IsDefined() ? right.m_pImp->View() : kNoText);
+    return right.Joined(kTextPlus, text, right.IsDefined() ? right.m_pImp->View() : kNoText);
 }
 
 ZelDtString operator+(char left, const ZelDtString& right)
@@ -241,48 +212,48 @@ ZelDtString operator+(char left, const ZelDtString& right)
 
 int ZelDtString::operator==(const ZelDtString& right) const
 {
-    CheckReadable(kEqual, *this, right);
+    RequireReadable(kEqual, *this, right);
     return m_pImp->View() == right.m_pImp->View();
 }
 
 int ZelDtString::operator!=(const ZelDtString& right) const
 {
-    CheckReadable(kUnequal, *this, right);
+    RequireReadable(kUnequal, *this, right);
     return m_pImp->View() != right.m_pImp->View();
 }
 
 int ZelDtString::operator==(const char* right) const
 {
-    CheckReadable(kEqualText, *this);
+    RequireReadable(kEqualText, *this);
     return right != nullptr && m_pImp->View() == right;
 }
 
 int ZelDtString::operator!=(const char* right) const
 {
-    CheckReadable(kUnequalText, *this);
+    RequireReadable(kUnequalText, *this);
     return right == nullptr || m_pImp->View() != right;
 }
 
 int ZelDtString::operator<(const ZelDtString& right) const
 {
-    CheckReadable(kLess, *this, right);
+    RequireReadable(kLess, *this, right);
     return Order(m_pImp->View(), right.m_pImp->View()) < 0;
 }
 
 int ZelDtString::operator>(const ZelDtString& right) const
 {
-    CheckReadable(kGreater, *this, right);
+    RequireReadable(kGreater, *this, right);
     return Order(m_pImp->View(), right.m_pImp->View()) > 0;
 }
 
 int ZelDtString::operator<=(const ZelDtString& right) const
 {
-    CheckReadable(kLessOrEqual, *this, right);
+    RequireReadable(kLessOrEqual, *this, right);
     return Order(m_pImp->View(), right.m_pImp->View()) <= 0;
 }
 
 int ZelDtString::operator>=(const ZelDtString& right) const
 {
-    CheckReadable(kGreaterOrEqual, *this, right);
+    RequireReadable(kGreaterOrEqual, *this, right);
     return Order(m_pImp->View(), right.m_pImp->View()) >= 0;
 }

@@ -1,10 +1,9 @@
 #include "text/DTSTRING.h"
 
 #include "foundation/DTFORMAT.h"
-#include "foundation/DTGUARD.h"
 #include "platform/runtime/system.h"
 #include "text/IMP/DTQUOTE.h"
-#include "text/IMP/dtstrini.h"
+#include "text/IMP/DTTEXT.h"
 
 #include <array>
 #include <cstring>
@@ -16,6 +15,7 @@ using zeldt::ErrorNo;
 using zeldt::Guarded;
 using zeldt::Operation;
 using zeldt::Raise;
+using zeldt::ViewOf;
 
 /// The representations report under the same module as the editing functions.
 constexpr Operation Op(const char* signature)
@@ -39,8 +39,8 @@ constexpr std::string_view kSqlNull = "NULL";
 
 const ZelFormat& DefaultFormat()
 {
-    static const ZelFormat format(0UL, ZelFormat::kulZelFoValidAll,
-                                  ZelFormat::ZelFoAuffuellenOhne, ' ');
+    static const ZelFormat format(0UL, ZelFormat::kulZelFoValidAll, ZelFormat::ZelFoAuffuellenOhne,
+                                  ' ');
     return format;
 }
 
@@ -67,19 +67,13 @@ std::optional<OemDirections> DirectionsFor(unsigned int codePage)
     return std::nullopt;
 }
 
-std::string_view ViewOf(const CString& text)
-{
-    return {text.GetString(), static_cast<std::size_t>(text.GetLength())};
-}
-
 } // namespace
 
 // SQL
 
 ZelDtString ZelDtString::ConvToSQL(unsigned int codePage) const
 {
-    const std::size_t length =
-        IsDefined() ? zeldt::QuotedLength(m_pImp->View()) : kSqlNull.size();
+    const std::size_t length = IsDefined() ? zeldt::QuotedLength(m_pImp->View()) : kSqlNull.size();
     if (length > static_cast<std::size_t>(ZelDtString_Imp::kMaxLength))
         Raise(kConvToSQL, ErrorNo::OutOfRange);
     return Guarded(kConvToSQL, [&] {
@@ -99,8 +93,8 @@ void ZelDtString::SetFromSQL(const char* text, int length, unsigned int codePage
 {
     if (text == nullptr)
         Raise(kSetFromSQL, ErrorNo::InitialValue);
-    if (length <= 0 || strnlen(text, static_cast<std::size_t>(length)) !=
-                           static_cast<std::size_t>(length))
+    if (length <= 0 ||
+        strnlen(text, static_cast<std::size_t>(length)) != static_cast<std::size_t>(length))
         Raise(kSetFromSQL, ErrorNo::InitialLength);
     const std::string_view content(text, static_cast<std::size_t>(length));
     const auto directions = DirectionsFor(codePage);

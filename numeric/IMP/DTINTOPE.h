@@ -7,8 +7,7 @@
 /// keeps), kTextCut (bytes read in front of a separator) and the operations that conversions and
 /// arithmetic report errors under.
 
-#include "foundation/DTBASIS.h"
-#include "foundation/DTGUARD.h"
+#include "foundation/DTCHECK.h"
 #include "numeric/IMP/DTINTARI.h"
 
 namespace zeldt {
@@ -31,8 +30,7 @@ Number NumberOrRaise(const Operation& operation, IntResult<Number> result)
 }
 
 template <typename Rules>
-class IntegerOperators
-{
+class IntegerOperators {
 public:
     using Object = typename Rules::Object;
     using Number = typename Rules::Number;
@@ -150,15 +148,13 @@ public:
 
     static int Compare(const Operation& operation, const Object& a, const Object& b)
     {
-        if (a.IsMissing() || b.IsMissing())
-            Raise(operation, ErrorNo::UndefinedValue);
+        RequireReadable(operation, a, b);
         return Order(Of(a), Of(b));
     }
 
     static int CompareNumber(const Operation& operation, const Object& a, std::int64_t b)
     {
-        if (a.IsMissing())
-            Raise(operation, ErrorNo::UndefinedValue);
+        RequireReadable(operation, a);
         return Order(Of(a), b);
     }
 

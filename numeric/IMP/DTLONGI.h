@@ -12,8 +12,7 @@
 
 class ZelDtLong;
 
-class ZelDtLong_Imp final : public zeldt::Pooled<ZelDtLong_Imp>
-{
+class ZelDtLong_Imp final : public zeldt::Pooled<ZelDtLong_Imp> {
 public:
     explicit ZelDtLong_Imp(std::int32_t number) : value(number) {}
 

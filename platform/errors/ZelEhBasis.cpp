@@ -28,8 +28,7 @@ struct ZelEhBasis::Data {
 };
 
 /// The errors that exist, newest first, so that none is lost when its library goes.
-class ZelEhLiveErrors
-{
+class ZelEhLiveErrors {
 public:
     static ZelEhLiveErrors& Instance()
     {
@@ -284,8 +283,8 @@ void ZelEhBasis::ReportErrorOnObject(const CObject* object) const
 {
     const CString logName = GetLogFileInfos();
     CFile log;
-    if (!logName.IsEmpty() && log.Open(logName, CFile::modeCreate | CFile::modeNoTruncate |
-                                                    CFile::modeWrite)) {
+    if (!logName.IsEmpty() &&
+        log.Open(logName, CFile::modeCreate | CFile::modeNoTruncate | CFile::modeWrite)) {
         log.SeekToEnd();
         ZelEhLogFile logFile(log);
         if (object != nullptr)

@@ -21,8 +21,7 @@ class ZelEhLogFile;
 ///
 /// All texts are copied, so an error outlives the library that threw it as far as its data goes.
 /// Texts are Latin-1 and are returned as stored; a null text counts as empty.
-class ZELEH_API ZelEhBasis : public CObject
-{
+class ZELEH_API ZelEhBasis : public CObject {
     DECLARE_DYNAMIC(ZelEhBasis)
 
 public:
@@ -146,8 +145,7 @@ ZELEH_API std::size_t ZelEhCountLiveErrors();
 /// Deletes, when it is destroyed, every live error of a class and of those derived from it.
 /// A library that throws errors keeps one as a static object, so that none of its errors outlives
 /// the code of its class.
-class ZELEH_API ZelEhDeleteAtTerminate
-{
+class ZELEH_API ZelEhDeleteAtTerminate {
 public:
     /// `kind` is the run-time class; null means every error of the process.
     explicit ZelEhDeleteAtTerminate(const CRuntimeClass* kind = nullptr);

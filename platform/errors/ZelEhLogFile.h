@@ -9,8 +9,7 @@
 /// The margin is written before the first character of a line, so a change of the margin holds
 /// from the next line on. Lines end with "\r\n" or "\n" in the text itself. Write errors leave as
 /// the framework's CFileException*.
-class ZELEH_API ZelEhLogFile
-{
+class ZELEH_API ZelEhLogFile {
 public:
     /// Writes to `file`, which stays the caller's and must live as long as this object.
     explicit ZelEhLogFile(CFile& file);

@@ -19,8 +19,7 @@ std::string MessageText(CException* cause)
 ZelEhMFC::ZelEhMFC(CException* cause, const char* module, const char* className,
                    const char* signature)
     : ZelEhBasis(module, className, signature, MessageText(cause).c_str(), 0, 0, 0, cause, 1, 0, 1)
-{
-}
+{}
 
 ZelEhMFC::~ZelEhMFC()
 {

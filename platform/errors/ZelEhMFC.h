@@ -5,8 +5,7 @@
 
 /// A framework exception as an error of this family, for code that handles one kind only.
 /// Error number 0; the text is the exception's own message.
-class ZELEH_API ZelEhMFC : public ZelEhBasis
-{
+class ZELEH_API ZelEhMFC : public ZelEhBasis {
     DECLARE_DYNAMIC(ZelEhMFC)
 
 public:

@@ -10,9 +10,9 @@ namespace zelrt {
 
 /// What reading a number from the front of a text gave.
 struct Int32Text {
-    std::int32_t value;  ///< the number; the nearest limit when out of range; 0 without digits
-    const char* end;     ///< first byte that was not read; the text itself without digits
-    bool inRange;        ///< false when the number lies outside 32 bits
+    std::int32_t value; ///< the number; the nearest limit when out of range; 0 without digits
+    const char* end;    ///< first byte that was not read; the text itself without digits
+    bool inRange;       ///< false when the number lies outside 32 bits
 };
 
 /// Reads white space, one optional sign and digits from the front of [`first`, `last`). Never

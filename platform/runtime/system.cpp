@@ -39,10 +39,9 @@ std::size_t ModuleFileName(const void* address, char* buffer, std::size_t size) 
 {
     buffer[0] = '\0';
     HMODULE module = nullptr;
-    if (address == nullptr ||
-        !GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
-                                GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                            static_cast<const char*>(address), &module))
+    if (address == nullptr || !GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
+                                                      GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                                                  static_cast<const char*>(address), &module))
         return 0;
     const DWORD written = GetModuleFileNameA(module, buffer, static_cast<DWORD>(size));
     buffer[size - 1] = '\0';
@@ -59,15 +58,13 @@ std::size_t ProgramFileName(char* buffer, std::size_t size) noexcept
 namespace {
 
 /// A module opened for its resources alone.
-class ResourceModule
-{
+class ResourceModule {
 public:
     explicit ResourceModule(const char* name) noexcept
         : m_hModule(name == nullptr || *name == '\0'
                         ? nullptr
                         : LoadLibraryExA(name, nullptr, LOAD_LIBRARY_AS_DATAFILE))
-    {
-    }
+    {}
     ~ResourceModule()
     {
         if (m_hModule != nullptr)

@@ -1,5 +1,5 @@
-#include <ZelDt.h>
 #include <ZELQRNDT017/numeric/DTLONG.h>
+#include <ZelDt.h>
 
 #include <cstdio>
 #include <cstring>

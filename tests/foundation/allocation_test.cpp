@@ -40,8 +40,7 @@ extern "C" void* realloc(void* memory, std::size_t size)
 namespace {
 
 /// Counts allocations on this thread since it was made.
-class AllocationCount
-{
+class AllocationCount {
 public:
     AllocationCount() : m_nBefore(allocations) {}
     std::size_t Allocations() const { return allocations - m_nBefore; }

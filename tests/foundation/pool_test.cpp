@@ -87,7 +87,9 @@ TEST(Pool, FreshPairsShareACacheLine)
             blocks.push_back(new Small);
         int pairs = 0;
         for (std::size_t i = 0; i + 1 < blocks.size(); i += 2) {
-            const auto line = [](const Small* p) { return reinterpret_cast<std::uintptr_t>(p) / 64; };
+            const auto line = [](const Small* p) {
+                return reinterpret_cast<std::uintptr_t>(p) / 64;
+            };
             pairs += line(blocks[i]) == line(blocks[i + 1]);
         }
         EXPECT_GE(pairs, 1);

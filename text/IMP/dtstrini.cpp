@@ -39,14 +39,12 @@ char* SharedEmptyText() noexcept
 }
 
 /// Decimal digits of a number on the stack.
-class NumberText
-{
+class NumberText {
 public:
     template <typename Number>
     explicit NumberText(Number number) noexcept
         : m_end(std::to_chars(m_text, m_text + sizeof m_text, number).ptr)
-    {
-    }
+    {}
     std::string_view View() const noexcept
     {
         return {m_text, static_cast<std::size_t>(m_end - m_text)};
@@ -72,8 +70,7 @@ void CopyBytes(char* target, std::string_view source) noexcept
 
 ZelDtString_Imp::ZelDtString_Imp() noexcept
     : m_pText(SharedEmptyText()), m_nLength(0), m_nAllocLength(0), m_nLastPosition(kNoPosition)
-{
-}
+{}
 
 ZelDtString_Imp::ZelDtString_Imp(std::string_view text, int length, int allocLength)
     : ZelDtString_Imp()
@@ -101,8 +98,8 @@ ZelDtString_Imp::ZelDtString_Imp(std::uint32_t number) : ZelDtString_Imp()
 }
 
 ZelDtString_Imp::ZelDtString_Imp(const ZelDtString_Imp& source)
-    : zeldt::Pooled<ZelDtString_Imp>(), m_pText(SharedEmptyText()), m_nLength(0),
-      m_nAllocLength(0), m_nLastPosition(kNoPosition)
+    : zeldt::Pooled<ZelDtString_Imp>(), m_pText(SharedEmptyText()), m_nLength(0), m_nAllocLength(0),
+      m_nLastPosition(kNoPosition)
 {
     Guarded(kCopy, [&] { StrAlloc(source.View(), source.m_nLength, source.m_nLength); });
 }
@@ -140,7 +137,8 @@ void ZelDtString_Imp::StrAlloc(std::string_view source, int length, int allocLen
         const std::string_view copied = source.substr(0, static_cast<std::size_t>(length));
         CopyBytes(m_pText, copied);
         if (copied.size() < static_cast<std::size_t>(length))
-            std::memset(m_pText + copied.size(), 0, static_cast<std::size_t>(length) - copied.size());
+            std::memset(m_pText + copied.size(), 0,
+                        static_cast<std::size_t>(length) - copied.size());
         SetLength(length);
     });
 }
@@ -356,8 +354,7 @@ void ZelDtString_Imp::ReplaceAll(std::string_view oldPart, std::string_view newP
                                  std::size_t matches)
 {
     const std::size_t oldLength = static_cast<std::size_t>(m_nLength);
-    const std::size_t newLength =
-        oldLength - matches * oldPart.size() + matches * newPart.size();
+    const std::size_t newLength = oldLength - matches * oldPart.size() + matches * newPart.size();
     // A text that grows is first moved to the end of its room, so that reading stays ahead of
     // writing.
     Reserve(static_cast<int>(std::max(oldLength, newLength)));

@@ -20,8 +20,7 @@
 /// Sources of bytes may lie in the object's own text. Positions and lengths are the caller's to
 /// check. When memory is exhausted the object is left empty and error 1 is thrown, the framework's
 /// memory exception being the first cause.
-class ZelDtString_Imp final : public zeldt::Pooled<ZelDtString_Imp>
-{
+class ZelDtString_Imp final : public zeldt::Pooled<ZelDtString_Imp> {
 public:
     /// Longest text, and one more than the longest room that an operation may ask for.
     static constexpr int kMaxLength = 0x7FFFFFFF;
@@ -121,8 +120,7 @@ private:
 };
 
 /// Bytes that stay what they are while an object is edited: a copy if they lie in its text.
-class StableText
-{
+class StableText {
 public:
     StableText(const ZelDtString_Imp& edited, std::string_view text);
     std::string_view View() const noexcept { return m_view; }

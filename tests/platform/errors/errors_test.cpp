@@ -22,8 +22,7 @@ std::string ContentsOf(CMemFile& file)
     return contents;
 }
 
-class DerivedError : public ZelEhBasis
-{
+class DerivedError : public ZelEhBasis {
     DECLARE_DYNAMIC(DerivedError)
 
 public:
@@ -162,8 +161,8 @@ TEST(ErrorMessage, TellsTheWholeStory)
 {
     ZelEhBasis* const first =
         new ZelEhBasis("INNEN", "Kern", "Lies()", "Zahl fehlt", 5, 1, 1, nullptr, 1, 0, 1);
-    const std::unique_ptr<ZelEhBasis> error(
-        new ZelEhBasis("AUSSEN", "Wert", "Wert(LPCTSTR)", "Folgefehler", 1, 1, 1, nullptr, 1, 0, 0));
+    const std::unique_ptr<ZelEhBasis> error(new ZelEhBasis(
+        "AUSSEN", "Wert", "Wert(LPCTSTR)", "Folgefehler", 1, 1, 1, nullptr, 1, 0, 0));
     error->TakeOver(first);
     EXPECT_STREQ(error->GetErrorMessage(), "Folgefehler (1) AUSSEN Wert::Wert(LPCTSTR)\r\n"
                                            "Zahl fehlt (5) INNEN Kern::Lies()");

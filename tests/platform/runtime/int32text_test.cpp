@@ -19,16 +19,14 @@ void PrintTo(const Row& row, std::ostream* out)
     *out << '"' << row.text << '"';
 }
 
-class Int32Text : public testing::TestWithParam<Row>
-{};
+class Int32Text : public testing::TestWithParam<Row> {};
 
 } // namespace
 
 TEST_P(Int32Text, IsReadAsTheRuntimeDoes)
 {
     const Row& row = GetParam();
-    const zelrt::Int32Text read =
-        zelrt::ParseInt32(row.text, row.text + std::strlen(row.text));
+    const zelrt::Int32Text read = zelrt::ParseInt32(row.text, row.text + std::strlen(row.text));
     EXPECT_EQ(read.value, row.value);
     EXPECT_EQ(read.end - row.text, row.read);
     EXPECT_EQ(read.inRange, row.inRange);
@@ -41,8 +39,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Row{"12 ", 12, 2, true}, Row{"12x", 12, 2, true}, Row{"x12", 0, 0, true},
                     Row{"+", 0, 0, true}, Row{"-", 0, 0, true}, Row{"+-1", 0, 0, true},
                     Row{"  ", 0, 0, true}, Row{"007", 7, 3, true}, Row{"0x10", 0, 1, true},
-                    Row{"2147483647", INT32_MAX, 10, true},
-                    Row{"2147483648", INT32_MAX, 10, false},
+                    Row{"2147483647", INT32_MAX, 10, true}, Row{"2147483648", INT32_MAX, 10, false},
                     Row{"-2147483648", INT32_MIN, 11, true},
                     Row{"-2147483649", INT32_MIN, 11, false},
                     Row{"99999999999999999999999999", INT32_MAX, 26, false},
