@@ -32,11 +32,6 @@ int ConvertByTable(char* text, const TableConversion& conversion)
     return 1;
 }
 
-std::size_t LengthOrZero(const char* text)
-{
-    return text != nullptr ? std::strlen(text) : 0;
-}
-
 } // namespace
 
 int ZelDtVglString(const char* a, const char* b, int exact)
@@ -55,7 +50,9 @@ int ZelDtVglString(const char* a, const char* b, int exact)
 
 int ZelDtCompareUsingOrbeckSortOrder(const char* a, const char* b)
 {
-    return zeldt::CompareInHouseOrder(a, LengthOrZero(a), b, LengthOrZero(b));
+    if (a == nullptr || b == nullptr)
+        return 0;
+    return zeldt::CompareInHouseOrder(a, std::strlen(a), b, std::strlen(b));
 }
 
 int ZelDtConvertCodePageFkt(char* text, ZelDtCodepageWandlung direction)

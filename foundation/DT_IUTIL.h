@@ -19,7 +19,7 @@ enum ZelDtCodepageWandlung {
 /// accented letters of code page 1252 included. ß is not SS.
 ZELDT_API int ZelDtVglString(const char* a, const char* b, int exact);
 
-/// Compares two texts in the house sort order: -1, 0 or 1. A null text counts as empty.
+/// Compares two texts in the house sort order: -1, 0 or 1; 0 when one of them is null.
 ///
 /// Symbols come before the blank, the blank before digits, digits before letters; letters are
 /// ordered without regard to case, each accented letter right behind its base letter. Texts of

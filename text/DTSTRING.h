@@ -171,7 +171,9 @@ public:
 
     /// The text in double quotes, inner double quotes doubled; NULL without quotes when undefined.
     /// `codePage` 850, 437 or the system's OEM code page converts the result; any other number
-    /// does not. A result above 2147483647 bytes: error 8.
+    /// does not. The conversion comes last and knows no quotes: a character that becomes a double
+    /// quote there (the low one, 0x84, in 850) ends the literal, so texts from outside are better
+    /// passed unconverted. A result above 2147483647 bytes: error 8.
     virtual ZelDtString ConvToSQL(unsigned int codePage = 0) const;
     /// Takes exactly the first `length` bytes of a column's content as they are, converted from
     /// `codePage`; defined afterwards. A null text: error 5; a length that is not above 0 or

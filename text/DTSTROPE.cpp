@@ -51,6 +51,12 @@ constexpr Operation kGreaterOrEqual = Op("operator>=(ZelDtString&)");
 /// What an undefined operand contributes.
 constexpr std::string_view kNoText;
 
+/// An undefined value gets room for exactly what is put in.
+ZelDtString_Imp::Room RoomOf(const ZelDtString& value)
+{
+    return value.IsDefined() ? ZelDtString_Imp::Room::Kept : ZelDtString_Imp::Room::Exact;
+}
+
 int Order(std::string_view left, std::string_view right)
 {
     return zeldt::CompareInHouseOrder(left.data(), left.size(), right.data(), right.size());
@@ -111,7 +117,7 @@ ZelDtString& ZelDtString::operator=(char character)
 void ZelDtString::AssignText(const Operation& operation, std::string_view text)
 {
     RequireLength(operation, text.size());
-    if (Guarded(operation, [&] { return m_pImp->Assign(text, !IsDefined()); }))
+    if (Guarded(operation, [&] { return m_pImp->Assign(text, RoomOf(*this)); }))
         SetModified(1);
     SetDefined(1);
 }
@@ -147,7 +153,7 @@ void ZelDtString::AppendText(const Operation& operation, std::string_view text)
 {
     const bool changes = !text.empty();
     RequireLength(operation, static_cast<std::size_t>(m_pImp->Length()) + text.size());
-    Guarded(operation, [&] { m_pImp->Append(text); });
+    Guarded(operation, [&] { m_pImp->Append(text, RoomOf(*this)); });
     SetDefined(1);
     if (changes)
         SetModified(1);

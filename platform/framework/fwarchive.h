@@ -89,6 +89,7 @@ public:
     /// too deep. If reading the object fails, it is deleted.
     CObject* ReadObject(const CRuntimeClass* required);
     /// CNotSupportedException* when the object's class is not serialisable.
+    /// An object is known by its address: it must live until the archive is closed.
     void WriteObject(const CObject* object);
     /// Reads a class. Where an object may stand instead, `objectTag` receives its number and the
     /// result is null; without `objectTag` that is badIndex. `schema` receives the version.

@@ -1,7 +1,7 @@
 #include "tests/text/string_testing.h"
 
+#include <algorithm>
 #include <climits>
-#include <vector>
 
 using namespace zeltest;
 
@@ -47,9 +47,9 @@ TEST(GetValueIntoBuffer, NeedsRoomForTheTerminator)
         bool fits;
     };
     const Row rows[] = {
-        {"abc", 4, true},      {"abc", 5, true},       {"abc", 16, true},   {"abc", 3, false},
-        {"abc", 2, false},     {"abc", 0, false},      {"abc", -1, false},  {"abc", INT_MIN, false},
-        {"", 1, true},         {"", 0, false},         {"", -1, false},     {"a", 2, true},
+        {"abc", 4, true},  {"abc", 5, true},  {"abc", 16, true},  {"abc", 3, false},
+        {"abc", 2, false}, {"abc", 0, false}, {"abc", -1, false}, {"abc", INT_MIN, false},
+        {"", 1, true},     {"", 0, false},    {"", -1, false},    {"a", 2, true},
         {"a", 1, false},
     };
     for (const Row& row : rows) {
@@ -73,10 +73,10 @@ TEST(GetValueIntoBuffer, OfUndefinedValues)
 {
     char buffer[4] = "###";
     const ZelDtString missing(ZelDtWmMissing);
-    EXPECT_TRUE(FailsWith([&] { missing.GetValue(buffer, 4); },
-                          FunctionError(2, "GetValue(LPTSTR,INT)")));
-    EXPECT_TRUE(FailsWith([&] { missing.GetValue(buffer, 0); },
-                          FunctionError(2, "GetValue(LPTSTR,INT)")));
+    EXPECT_TRUE(
+        FailsWith([&] { missing.GetValue(buffer, 4); }, FunctionError(2, "GetValue(LPTSTR,INT)")));
+    EXPECT_TRUE(
+        FailsWith([&] { missing.GetValue(buffer, 0); }, FunctionError(2, "GetValue(LPTSTR,INT)")));
     EXPECT_STREQ(buffer, "###");
     const ZelDtString null(ZelDtWmNull);
     EXPECT_EQ(null.GetValue(buffer, 1), buffer);
@@ -88,8 +88,8 @@ TEST(GetValueIntoBuffer, OfUndefinedValues)
 TEST(GetValueIntoBuffer, RefusesANullBuffer)
 {
     const ZelDtString s("abc");
-    EXPECT_TRUE(FailsWith([&] { s.GetValue(nullptr, 10); },
-                          FunctionError(5, "GetValue(LPTSTR,INT)")));
+    EXPECT_TRUE(
+        FailsWith([&] { s.GetValue(nullptr, 10); }, FunctionError(5, "GetValue(LPTSTR,INT)")));
 }
 
 TEST(GetValueIntoBuffer, CarriesNulBytes)
@@ -110,13 +110,31 @@ TEST(GetnValue, TakesAPartInsideTheText)
         const char* expected; ///< null: outside the text
     };
     const Row rows[] = {
-        {0, 0, ""},           {0, 3, "abc"},         {0, 4, "abcd"},         {0, 5, nullptr},
-        {1, 2, "bc"},         {1, 3, "bcd"},         {1, 4, nullptr},        {3, 1, "d"},
-        {4, 0, ""},           {4, 1, nullptr},       {5, 0, nullptr},        {5, -1, nullptr},
-        {-1, 0, nullptr},     {-1, 1, nullptr},      {0, -1, nullptr},       {2, -2, nullptr},
-        {-20, 3, nullptr},    {0, -100, nullptr},    {INT_MAX, 0, nullptr},  {0, INT_MAX, nullptr},
-        {1, INT_MAX, nullptr}, {INT_MAX, INT_MAX, nullptr}, {INT_MIN, INT_MIN, nullptr},
-        {INT_MIN, INT_MAX, nullptr}, {4, INT_MIN, nullptr},
+        {0, 0, ""},
+        {0, 3, "abc"},
+        {0, 4, "abcd"},
+        {0, 5, nullptr},
+        {1, 2, "bc"},
+        {1, 3, "bcd"},
+        {1, 4, nullptr},
+        {3, 1, "d"},
+        {4, 0, ""},
+        {4, 1, nullptr},
+        {5, 0, nullptr},
+        {5, -1, nullptr},
+        {-1, 0, nullptr},
+        {-1, 1, nullptr},
+        {0, -1, nullptr},
+        {2, -2, nullptr},
+        {-20, 3, nullptr},
+        {0, -100, nullptr},
+        {INT_MAX, 0, nullptr},
+        {0, INT_MAX, nullptr},
+        {1, INT_MAX, nullptr},
+        {INT_MAX, INT_MAX, nullptr},
+        {INT_MIN, INT_MIN, nullptr},
+        {INT_MIN, INT_MAX, nullptr},
+        {4, INT_MIN, nullptr},
     };
     for (const ZelDtWorkingMode mode : {ZelDtWmMissing, ZelDtWmNull, ZelDtWmAlwaysDefined}) {
         const StringPtr s = Make({mode, "abcd"});
@@ -199,10 +217,10 @@ TEST(GetPos, FindsTheFirstMatch)
         int expected;
     };
     const Row rows[] = {
-        {"abab", "ab", 0},   {"abab", "b", 1},      {"abab", "ba", 1},  {"abab", "abab", 0},
-        {"abab", "ababa", -1}, {"abab", "c", -1},   {"abab", "AB", -1}, {"aab", "ab", 1},
-        {"", "a", -1},       {"a", "", -1},         {"", "", -1},       {"a", "a", 0},
-        {"\xE4", "\xC4", -1}, {"x\xE4", "\xE4", 1}, {"aaab", "aab", 1}, {"a b", " ", 1},
+        {"abab", "ab", 0},     {"abab", "b", 1},     {"abab", "ba", 1},  {"abab", "abab", 0},
+        {"abab", "ababa", -1}, {"abab", "c", -1},    {"abab", "AB", -1}, {"aab", "ab", 1},
+        {"", "a", -1},         {"a", "", -1},        {"", "", -1},       {"a", "a", 0},
+        {"\xE4", "\xC4", -1},  {"x\xE4", "\xE4", 1}, {"aaab", "aab", 1}, {"a b", " ", 1},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(::testing::Message() << row.pattern << " in " << row.text);
@@ -297,14 +315,14 @@ TEST(GetPos, FindsItself)
 TEST(Compare, TableOfStates)
 {
     const Start starts[] = {
-        {ZelDtWmMissing, nullptr},    // 0 missing
-        {ZelDtWmNull, nullptr},       // 1 null
-        {ZelDtWmMissing, ""},         // 2
-        {ZelDtWmNull, ""},            // 3
-        {ZelDtWmAlwaysDefined, ""},   // 4
-        {ZelDtWmMissing, "a"},        // 5
-        {ZelDtWmNull, "a"},           // 6
-        {ZelDtWmAlwaysDefined, "a"},  // 7
+        {ZelDtWmMissing, nullptr},   // 0 missing
+        {ZelDtWmNull, nullptr},      // 1 null
+        {ZelDtWmMissing, ""},        // 2
+        {ZelDtWmNull, ""},           // 3
+        {ZelDtWmAlwaysDefined, ""},  // 4
+        {ZelDtWmMissing, "a"},       // 5
+        {ZelDtWmNull, "a"},          // 6
+        {ZelDtWmAlwaysDefined, "a"}, // 7
     };
     // All without text are equal, by one rule or another; a missing value reads as its empty text.
     for (std::size_t i = 0; i < std::size(starts); ++i) {

@@ -109,10 +109,21 @@ TEST(RejectedLengths, ReportTheStorageAsOrigin)
         int length;
     };
     const Row rows[] = {
-        {"abc", 4},   {"abc", 5},       {"abc", INT_MAX},        {"abc", INT_MAX - 1},
-        {"abc", -1},  {"abc", -3},      {"abc", kDefault - 1},   {"abc", kDefault + 1},
-        {"abc", -10}, {"abc", INT_MIN}, {"a", 2},                {"", -1},
-        {"", -5},     {"", INT_MIN},    {"", kDefault - 1},
+        {"abc", 4},
+        {"abc", 5},
+        {"abc", INT_MAX},
+        {"abc", INT_MAX - 1},
+        {"abc", -1},
+        {"abc", -3},
+        {"abc", kDefault - 1},
+        {"abc", kDefault + 1},
+        {"abc", -10},
+        {"abc", INT_MIN},
+        {"a", 2},
+        {"", -1},
+        {"", -5},
+        {"", INT_MIN},
+        {"", kDefault - 1},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(::testing::Message() << Escaped(row.text) << ", " << row.length);
@@ -142,9 +153,10 @@ TEST(Lengths, OfNumbersLeaveRoomForElevenBytes)
         int number;
         const char* text;
     };
-    const Row rows[] = {{0, "0"},          {7, "7"},         {-1, "-1"},
-                        {1000, "1000"},    {-5, "-5"},       {INT_MAX, "2147483647"},
-                        {-10, "-10"},      {INT_MIN, "-2147483648"}};
+    const Row rows[] = {{0, "0"},     {7, "7"},
+                        {-1, "-1"},   {1000, "1000"},
+                        {-5, "-5"},   {INT_MAX, "2147483647"},
+                        {-10, "-10"}, {INT_MIN, "-2147483648"}};
     for (const Row& row : rows) {
         const ZelDtString s(row.number);
         EXPECT_EQ(ContentOf(s), (Content{row.text, 1, 0}));

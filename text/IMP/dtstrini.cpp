@@ -232,27 +232,37 @@ void ZelDtString_Imp::SetLength(int length) noexcept
         m_pText[length] = '\0';
 }
 
-bool ZelDtString_Imp::Assign(std::string_view text, bool exactRoom)
+void ZelDtString_Imp::MakeRoom(int length, Room room)
+{
+    if (room == Room::Kept) {
+        Reserve(length);
+    } else if (length != m_nAllocLength) {
+        Truncate(std::min(length, m_nLength));
+        Grow(length);
+    }
+}
+
+bool ZelDtString_Imp::Assign(std::string_view text, Room room)
 {
     const bool differs = View() != text;
-    if (!differs && !exactRoom)
+    if (!differs && room == Room::Kept)
         return false;
     const StableText source(*this, text);
     const int length = LengthOf(text);
-    if (exactRoom && length != m_nAllocLength) {
-        Truncate(std::min(length, m_nLength));
-        Grow(length);
-    } else {
-        Reserve(length);
-    }
+    MakeRoom(length, room);
     CopyBytes(m_pText, source.View());
     SetLength(length);
     return differs;
 }
 
-void ZelDtString_Imp::Append(std::string_view text)
+void ZelDtString_Imp::Append(std::string_view text, Room room)
 {
-    ReplaceTail(m_nLength, text);
+    const StableText source(*this, text);
+    const int before = m_nLength;
+    const int length = before + LengthOf(text);
+    MakeRoom(length, room);
+    CopyBytes(m_pText + before, source.View());
+    SetLength(length);
 }
 
 void ZelDtString_Imp::Insert(int position, std::string_view text)

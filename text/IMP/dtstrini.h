@@ -75,10 +75,15 @@ public:
 
     // Editing
 
-    /// Makes the text `text`; returns whether it differed before. The room is kept, or grown to
-    /// exactly what is needed; `exactRoom` makes the allocation length that of the text.
-    bool Assign(std::string_view text, bool exactRoom = false);
-    void Append(std::string_view text);
+    /// How much room a text that was put in leaves.
+    enum class Room {
+        Kept,  ///< what there was, grown to exactly what is needed
+        Exact, ///< exactly the text's length
+    };
+
+    /// Makes the text `text`; returns whether it differed before.
+    bool Assign(std::string_view text, Room room = Room::Kept);
+    void Append(std::string_view text, Room room = Room::Kept);
     void Insert(int position, std::string_view text);
     /// Overwrites from `position` on; the text may get longer.
     void Overwrite(int position, std::string_view text);
@@ -106,6 +111,7 @@ public:
     std::size_t CountMatches(std::string_view part) const noexcept;
 
 private:
+    void MakeRoom(int length, Room room);
     void StrAlloc(std::string_view source, int length, int allocLength);
     void NewBlock(int allocLength);
     [[noreturn]] void FailAllocation(std::size_t size);
