@@ -35,17 +35,17 @@ cmake/lint.sh
 begin "Linux: build"
 build debug
 begin "Linux: tests"
-ctest --preset debug
+ctest --preset debug -j "$(nproc)"
 
 begin "sanitizers: build"
 build asan
 begin "sanitizers: tests"
-ctest --preset asan
+ctest --preset asan -j "$(nproc)"
 
 begin "Windows: build"
 build windows
 begin "Windows: tests under Wine"
-ctest --preset windows
+ctest --preset windows -j "$(nproc)"
 
 echo
 echo "test.sh: all stages passed in $((SECONDS - started)) s"

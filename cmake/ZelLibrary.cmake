@@ -23,6 +23,11 @@ function(zel_add_library name)
         INSTALL_RPATH "$ORIGIN")
     if(WIN32)
       set_target_properties(${name} PROPERTIES PREFIX "")
+    else()
+      # Calls inside a library stay inside it, as they do on Windows.
+      target_compile_options(${name} PRIVATE
+          $<$<CXX_COMPILER_ID:GNU>:-fno-semantic-interposition>)
+      target_link_options(${name} PRIVATE -Wl,-Bsymbolic-functions)
     endif()
   endif()
   add_library(${PROJECT_NAME}::${name} ALIAS ${name})

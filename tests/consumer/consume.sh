@@ -31,7 +31,7 @@ case $way in
 installed)
   cmake --install "$build" --prefix "$prefix" >/dev/null
   cmake -S "$source/tests/consumer/installed" -B "$work/build" -G Ninja \
-    -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_FIND_ROOT_PATH="$prefix" "$@"
+    -DZELQRNDT017_DIR="$(dirname "$(find "$prefix" -name ZELQRNDT017Config.cmake)")" "$@"
   cmake --build "$work/build"
   run_built "$work/build"
   ;;
