@@ -19,6 +19,7 @@ function(zel_add_library name)
     set_target_properties(${name} PROPERTIES
         VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
         DEFINE_SYMBOL ${name}_BUILD
+        INTERPROCEDURAL_OPTIMIZATION_RELEASE ${ZELDT_OPTIMISE_WHOLE}
         # Installed libraries find their siblings beside them.
         INSTALL_RPATH "$ORIGIN")
     if(WIN32)

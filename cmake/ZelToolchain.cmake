@@ -25,6 +25,13 @@ endif()
 
 include(GNUInstallDirs)
 
+# Optimised libraries on Linux are optimised as a whole. (mingw-w64 loses exports that way.)
+include(CheckIPOSupported)
+set(ZELDT_OPTIMISE_WHOLE OFF)
+if(NOT WIN32 AND NOT ZELDT_SANITIZE AND NOT ZELDT_COVERAGE)
+  check_ipo_supported(RESULT ZELDT_OPTIMISE_WHOLE OUTPUT ipo_output LANGUAGES CXX)
+endif()
+
 # zel_configure_target(<target>): warnings, sanitizers and coverage as the options say.
 function(zel_configure_target target)
   target_compile_options(${target} PRIVATE

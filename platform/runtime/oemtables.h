@@ -9,6 +9,7 @@
 
 #include "platform/runtime/ansi.h"
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -85,7 +86,7 @@ static_assert(kAnsiToOem850[0x84] == 0x22 && kAnsiToOem437[0x84] == 0x2C);
 static_assert(kOem850ToAnsi[0x84] == 0xE4 && kOem437ToAnsi[0x82] == 0xE9);
 
 /// Replaces each of `size` bytes through a map that leaves the bytes below 0x80 alone. Plain text
-/// is only read: 32 bytes at a time are skipped when none of them needs the map.
+/// is only read, 32 bytes at a time; elsewhere only the bytes that need the map are touched.
 inline void TranslateInPlace(char* text, std::size_t size, const ByteMap& map) noexcept
 {
     constexpr std::uint64_t kHighBits = 0x8080808080808080U;
@@ -96,8 +97,14 @@ inline void TranslateInPlace(char* text, std::size_t size, const ByteMap& map) n
         std::memcpy(words, text + i, kBlock);
         if (((words[0] | words[1] | words[2] | words[3]) & kHighBits) == 0)
             continue;
-        for (std::size_t k = i; k < i + kBlock; ++k)
-            text[k] = static_cast<char>(map[static_cast<unsigned char>(text[k])]);
+        char* word = text + i;
+        for (const std::uint64_t bytes : words) {
+            for (std::uint64_t marks = bytes & kHighBits; marks != 0; marks &= marks - 1) {
+                char& byte = word[std::countr_zero(marks) / 8];
+                byte = static_cast<char>(map[static_cast<unsigned char>(byte)]);
+            }
+            word += sizeof bytes;
+        }
     }
     for (; i < size; ++i)
         text[i] = static_cast<char>(map[static_cast<unsigned char>(text[i])]);

@@ -1,0 +1,19 @@
+#ifndef ZELDT_BENCHMARKS_JOBS_H
+#define ZELDT_BENCHMARKS_JOBS_H
+
+/// The jobs of each component. Calling a function registers its benchmarks.
+
+namespace zelbench {
+
+void AddValueJobs();
+void AddSortOrderJobs();
+void AddErrorJobs();
+void AddLongJobs();
+void AddStringJobs();
+void AddQuotingJobs();
+void AddCodePageJobs();
+void AddArchiveJobs();
+
+} // namespace zelbench
+
+#endif

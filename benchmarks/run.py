@@ -1,0 +1,135 @@
+#!/usr/bin/env python3
+"""Runs the benchmarks and prints one table of ratios.
+
+    benchmarks/run.py [--quick] [--filter REGEX] [--program FILE]
+
+Every row compares the library ("ours") with one peer in one job: median times of an item in
+nanoseconds, how many times the peer takes as long, the least ratio that is wanted, and whether it
+was reached. The ratios travel between machines, the times do not.
+"""
+
+import argparse
+import json
+import pathlib
+import subprocess
+import sys
+import tempfile
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+OURS = "ours"
+
+# The least ratio peer / ours that is wanted. Below 1 the peer is a limit that does less.
+BARS = {
+    "value/add": {"malloc": 3.5, "bare": 1 / 2.2},
+    "integer-to-text": {"to_chars": 1.0},
+    "text-to-integer": {"from_chars": 1.0},
+    "text-to-integer-many": {"from_chars": 1.0},
+    "quote/14": {"naive": 2.0},
+    "quote/1000": {"naive": 15.0},
+    "sortorder/compare": {"memcmp": 1 / 1.3, "icu": 7.0},
+    "sortorder/compare-neighbours": {"memcmp": 1 / 1.3, "icu": 7.0},
+    "sortorder/compare-many": {"memcmp": 1 / 1.3, "icu": 7.0},
+    "codepage/plain-4KB": {"icu": 5.0},
+    "codepage/german-4KB": {"icu": 5.0},
+    "codepage/german-1MB": {"icu": 5.0},
+    "archive/write-nullables": {"cereal": 5.0, "boost": 5.0},
+    "archive/read-nullables": {"cereal": 5.0, "boost": 5.0},
+    "archive/write-records": {"cereal": 5.0, "boost": 5.0},
+    "archive/read-records": {"cereal": 5.0, "boost": 5.0},
+    "archive/read-objects": {"malloc": 2.0},
+}
+
+HEADINGS = ("job", "ours (ns)", "peer", "peer (ns)", "peer/ours", "bar", "reached")
+LEFT_ALIGNED = {0, 2}
+
+
+def parse_arguments():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("--quick", action="store_true",
+                        help="3 short repetitions instead of 7: about a minute, less exact")
+    parser.add_argument("--filter", default=".", metavar="REGEX",
+                        help="only benchmarks whose name matches")
+    parser.add_argument("--program", default=ROOT / "build/bench/bin/zel_benchmarks",
+                        type=pathlib.Path, metavar="FILE",
+                        help="the benchmark program (default: that of the preset 'bench')")
+    return parser.parse_args()
+
+
+def run(arguments):
+    """The medians by job and contender, in the program's order: {job: {contender: ns}}."""
+    repetitions, min_time = (3, "0.04") if arguments.quick else (7, "0.25")
+    with tempfile.TemporaryDirectory() as folder:
+        report = pathlib.Path(folder) / "report.json"
+        subprocess.run(
+            [str(arguments.program),
+             f"--benchmark_filter={arguments.filter}",
+             f"--benchmark_repetitions={repetitions}",
+             f"--benchmark_min_time={min_time}",
+             "--benchmark_enable_random_interleaving=true",
+             "--benchmark_report_aggregates_only=true",
+             "--benchmark_out_format=json",
+             f"--benchmark_out={report}"],
+            check=True, stdout=subprocess.DEVNULL)
+        text = report.read_text()
+    # The report is empty when no benchmark matches the filter.
+    return medians(json.loads(text)["benchmarks"]) if text else {}
+
+
+def medians(results):
+    rows = {}
+    for result in sorted(results, key=lambda entry: entry["family_index"]):
+        if result.get("aggregate_name") != "median":
+            continue
+        job, contender = result["run_name"].rsplit("/", 1)
+        rows.setdefault(job, {})[contender] = 1e9 / result["items_per_second"]
+    return rows
+
+
+def table(jobs):
+    """The cells of all rows."""
+    rows = []
+    for job, times in jobs.items():
+        ours = times.get(OURS)
+        if ours is None:
+            continue
+        for peer, time in times.items():
+            if peer == OURS:
+                continue
+            ratio = time / ours
+            bar = BARS.get(job, {}).get(peer)
+            verdict = "" if bar is None else "yes" if ratio >= bar else "no"
+            rows.append((job, number(ours), peer, number(time), f"{ratio:.2f}",
+                         "" if bar is None else f"{bar:.2f}", verdict))
+    return rows
+
+
+def number(nanoseconds):
+    return f"{nanoseconds:.1f}" if nanoseconds < 1000 else f"{nanoseconds:.0f}"
+
+
+def print_table(rows):
+    widths = [max(len(row[i]) for row in [HEADINGS, *rows]) for i in range(len(HEADINGS))]
+    rule = tuple("-" * width for width in widths)
+    for row in [HEADINGS, rule, *rows]:
+        cells = [cell.ljust(width) if i in LEFT_ALIGNED else cell.rjust(width)
+                 for i, (cell, width) in enumerate(zip(row, widths))]
+        print("  ".join(cells).rstrip())
+
+
+def main():
+    arguments = parse_arguments()
+    if not arguments.program.exists():
+        sys.exit(f"run.py: {arguments.program} is missing; build it with "
+                 "cmake --preset bench && cmake --build --preset bench")
+    try:
+        jobs = run(arguments)
+    except subprocess.CalledProcessError as error:
+        sys.exit(f"run.py: the benchmark program failed ({error.returncode})")
+    rows = table(jobs)
+    if not rows:
+        sys.exit("run.py: no benchmark matches")
+    print_table(rows)
+
+
+if __name__ == "__main__":
+    main()
