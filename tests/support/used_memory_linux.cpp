@@ -2,7 +2,8 @@
 
 #if defined(__SANITIZE_ADDRESS__)
 
-#include <sanitizer/allocator_interface.h>
+// From the sanitizer's runtime; its header is not always installed with the compiler.
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 
 std::size_t zeltest::UsedMemory()
 {
