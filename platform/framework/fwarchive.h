@@ -5,7 +5,8 @@
 ///
 /// Numbers are little-endian and unpadded, with the widths they have on Windows on every target:
 /// `long` has 4 bytes, `wchar_t` 2, `bool` 1. A number that does not fit those widths is never
-/// cut: writing it throws CArchiveException* (genericException).
+/// cut: writing it throws CArchiveException* (genericException). For 8 bytes use LONGLONG and
+/// ULONGLONG, since std::int64_t is `long` on some systems.
 ///
 /// Objects are written with the name and the version of their class the first time, and each
 /// object once; later mentions are numbers. Objects may contain objects, 512 levels deep at

@@ -61,7 +61,8 @@ public:
     // Assignment
 
     CString& operator=(const CString& source);
-    CString& operator=(CString&& source);
+    /// A locked text is copied, for which memory may lack.
+    CString& operator=(CString&& source); // NOLINT(performance-noexcept-move-constructor)
     CString& operator=(LPCTSTR text);
     CString& operator=(const unsigned char* text);
     CString& operator=(LPCOLESTR text);

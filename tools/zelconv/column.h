@@ -1,0 +1,63 @@
+#ifndef ZELDT_TOOLS_ZELCONV_COLUMN_H
+#define ZELDT_TOOLS_ZELCONV_COLUMN_H
+
+/// Columns and their types. A new type is one row of the table in column.cpp.
+
+#include <ZelDt.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zelconv {
+
+/// What a type must know beyond the common interface of the value classes.
+struct ColumnType {
+    const char* name;
+    bool numeric;      ///< shown at the right edge of its column
+    int mostParameter; ///< largest parameter in parentheses; kNoParameter: takes none
+    std::unique_ptr<ZelDtBasis> (*create)(ZelDtWorkingMode mode, int parameter);
+    ZelDtString (*toSql)(const ZelDtBasis& value);
+    /// Whether `a` comes before `b`; both are defined.
+    bool (*less)(const ZelDtBasis& a, const ZelDtBasis& b);
+
+    static constexpr int kNoParameter = -1;
+};
+
+struct Column {
+    std::string name; ///< code page 1252
+    const ColumnType* type = nullptr;
+    int parameter = ColumnType::kNoParameter;
+    ZelDtWorkingMode mode = ZelDtWmMissing;
+
+    /// The type as it is written behind the name, for example "long".
+    std::string TypeText() const;
+    std::unique_ptr<ZelDtBasis> NewValue() const;
+};
+
+using Columns = std::vector<Column>;
+
+/// Most columns of a row.
+inline constexpr std::size_t kMostColumns = 4096;
+
+/// One column from its name and the text of its type, in code page 1252; Failure for a name that
+/// is empty or has control characters, and for an unknown type.
+Column MakeColumn(std::string_view name, std::string_view typeText, ZelDtWorkingMode mode);
+
+/// Appends a column; Failure for a name that is there already and for too many columns.
+void AddColumn(Columns& columns, Column column);
+
+/// Columns from "Nr:long,Name:string" in UTF-8. The last colon of each part separates; names have
+/// no commas.
+Columns ParseColumns(std::string_view text, ZelDtWorkingMode mode);
+
+/// Index of the column of that name, given in UTF-8; Failure if there is none.
+std::size_t FindColumn(const Columns& columns, std::string_view name);
+
+/// Failure naming `source` unless both have the same names and types in the same order.
+void RequireSameColumns(const Columns& wanted, const Columns& found, const std::string& source);
+
+} // namespace zelconv
+
+#endif

@@ -1,0 +1,154 @@
+#include "tools/zelconv/convert.h"
+
+#include "tools/zelconv/progress.h"
+#include "tools/zelconv/reader.h"
+#include "tools/zelconv/rejects.h"
+#include "tools/zelconv/sorter.h"
+#include "tools/zelconv/writer.h"
+
+#include <iostream>
+#include <memory>
+#include <optional>
+
+namespace zelconv {
+
+namespace {
+
+void RequireDifferentFiles(const Options& options)
+{
+    if (AreSameFile(options.input, options.output))
+        throw Failure("IN and OUT are the same file");
+    if (options.rejects.empty())
+        return;
+    if (AreSameFile(options.rejects, options.input) || AreSameFile(options.rejects, options.output))
+        throw Failure("--rejects names the file of IN or OUT");
+}
+
+std::unique_ptr<Reader> NewReader(InputFile& file, const Options& options)
+{
+    switch (options.from) {
+    case Form::Extern:
+        return NewExternReader(file, options);
+    case Form::Archive:
+        return NewArchiveReader(file, options);
+    default:
+        return NewCsvReader(file, options);
+    }
+}
+
+std::unique_ptr<Writer> NewWriter(const Columns& columns, const Options& options)
+{
+    switch (options.to) {
+    case Form::Sql:
+        return NewSqlWriter(columns, options);
+    case Form::Extern:
+        return NewExternWriter(columns, options);
+    case Form::Archive:
+        return NewArchiveWriter(columns);
+    case Form::Display:
+        return NewDisplayWriter(columns, options);
+    default:
+        return NewCsvWriter(columns, options);
+    }
+}
+
+/// One conversion on its way.
+class Conversion {
+public:
+    explicit Conversion(const Options& options)
+        : m_input(options.input), m_reader(NewReader(m_input, options)),
+          m_writer(NewWriter(m_reader->GetColumns(), options)), m_row(m_reader->GetColumns()),
+          m_progress(m_input)
+    {
+        if (!options.sort.empty()) {
+            const std::size_t column = FindColumn(m_reader->GetColumns(), options.sort);
+            m_sortColumn = static_cast<int>(column);
+            m_sorter.emplace(*m_reader->GetColumns()[column].type);
+        }
+        m_output.emplace(options.output);
+        m_rejects.emplace(options.rejects);
+    }
+
+    Outcome Run()
+    {
+        m_writer->Begin(*m_output);
+        std::string record;
+        while (m_reader->Next()) {
+            ConvertRow(record);
+            m_progress.CountRow();
+        }
+        WriteSorted();
+        m_writer->End(*m_output);
+        Publish();
+        Tell();
+        return m_rejects->GetCount() == 0 ? Outcome::AllRows : Outcome::SomeRejected;
+    }
+
+private:
+    void ConvertRow(std::string& record)
+    {
+        try {
+            m_reader->Fill(m_row);
+            m_writer->Encode(m_row, record);
+        } catch (const RowFault& fault) {
+            m_rejects->Add(*m_reader, m_row, fault);
+            return;
+        }
+        if (m_sorter)
+            m_sorter->Add(m_row[m_sortColumn], record);
+        else
+            m_writer->Put(record, *m_output);
+    }
+
+    void WriteSorted()
+    {
+        if (!m_sorter)
+            return;
+        m_progress.Say("sorting " + std::to_string(m_progress.GetRows()) + " rows");
+        m_sorter->Sort();
+        m_sorter->Drain([&](const std::string& sorted) { m_writer->Put(sorted, *m_output); });
+    }
+
+    /// Both files get their names only when both are complete.
+    void Publish()
+    {
+        OutputFile* const rejects = m_rejects->GetFile();
+        m_output->Finish();
+        if (rejects != nullptr)
+            rejects->Finish();
+        m_output->Publish();
+        if (rejects != nullptr)
+            rejects->Publish();
+    }
+
+    void Tell()
+    {
+        const std::uint64_t rejected = m_rejects->GetCount();
+        m_progress.Say("");
+        if (m_progress.IsOnTerminal())
+            std::cerr << m_progress.Summary() << '\n';
+        if (rejected != 0)
+            std::cerr << "zelconv: " << rejected << " of " << m_progress.GetRows()
+                      << " rows rejected\n";
+    }
+
+    InputFile m_input;
+    std::unique_ptr<Reader> m_reader;
+    std::unique_ptr<Writer> m_writer;
+    Row m_row;
+    Progress m_progress;
+    std::optional<Sorter> m_sorter;
+    int m_sortColumn = 0;
+    std::optional<OutputFile> m_output;
+    std::optional<Rejects> m_rejects;
+};
+
+} // namespace
+
+Outcome Convert(const Options& options)
+{
+    RequireDifferentFiles(options);
+    return Conversion(options).Run();
+}
+
+} // namespace zelconv

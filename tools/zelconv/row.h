@@ -1,0 +1,32 @@
+#ifndef ZELDT_TOOLS_ZELCONV_ROW_H
+#define ZELDT_TOOLS_ZELCONV_ROW_H
+
+/// One row of typed values. The same row is filled again and again, so that reading needs no
+/// memory of its own.
+
+#include "tools/zelconv/column.h"
+
+#include <memory>
+#include <vector>
+
+namespace zelconv {
+
+class Row {
+public:
+    /// `columns` must live as long as the row.
+    explicit Row(const Columns& columns);
+
+    int GetCount() const { return static_cast<int>(m_values.size()); }
+    ZelDtBasis& operator[](int column) { return *m_values[static_cast<std::size_t>(column)]; }
+    const ZelDtBasis& operator[](int column) const
+    {
+        return *m_values[static_cast<std::size_t>(column)];
+    }
+
+private:
+    std::vector<std::unique_ptr<ZelDtBasis>> m_values;
+};
+
+} // namespace zelconv
+
+#endif

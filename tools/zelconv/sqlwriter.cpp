@@ -1,0 +1,99 @@
+#include "tools/zelconv/charset.h"
+#include "tools/zelconv/textview.h"
+#include "tools/zelconv/writer.h"
+
+#include <algorithm>
+
+namespace zelconv {
+
+namespace {
+
+bool IsLetter(char character)
+{
+    return (character >= 'A' && character <= 'Z') || (character >= 'a' && character <= 'z') ||
+           character == '_';
+}
+
+bool IsPlainName(std::string_view name)
+{
+    return IsLetter(name.front()) && std::all_of(name.begin(), name.end(), [](char character) {
+               return IsLetter(character) || (character >= '0' && character <= '9');
+           });
+}
+
+/// A name as SQL writes it. Texts stand in double quotes, so names cannot; those that are not
+/// plain stand in square brackets.
+std::string Identifier(std::string_view name)
+{
+    const bool unusable = name.empty() || std::any_of(name.begin(), name.end(), [](char character) {
+                              return static_cast<unsigned char>(character) < ' ' ||
+                                     character == '[' || character == ']';
+                          });
+    if (unusable)
+        throw Failure("'" + Utf8FromAnsi(name) + "' cannot stand in SQL as a name");
+    return IsPlainName(name) ? std::string(name) : "[" + std::string(name) + "]";
+}
+
+/// Points separate the owner or the schema from the table.
+std::string TableName(std::string_view utf8)
+{
+    std::string name;
+    if (ToAnsi(Charset::Utf8, utf8, name).status != CharsetResult::Status::Ok)
+        throw Failure("--table: a character that code page 1252 lacks");
+    std::string sql;
+    std::string_view rest = name;
+    for (;;) {
+        const std::size_t point = rest.find('.');
+        sql += Identifier(rest.substr(0, point));
+        if (point == std::string_view::npos)
+            return sql;
+        sql += '.';
+        rest.remove_prefix(point + 1);
+    }
+}
+
+class SqlWriter final : public Writer {
+public:
+    SqlWriter(const Columns& columns, const Options& options)
+        : m_columns(columns), m_charset(options.outputCharset)
+    {
+        std::string statement = "INSERT INTO " + TableName(options.table) + " (";
+        for (std::size_t i = 0; i < columns.size(); ++i)
+            statement += (i == 0 ? "" : ", ") + Identifier(columns[i].name);
+        statement += ") VALUES (";
+        if (FromAnsi(m_charset, statement, m_beginning).status != CharsetResult::Status::Ok)
+            throw Failure("a name has a character that the charset of the output lacks");
+    }
+
+    void Begin(OutputFile&) override {}
+    void Encode(const Row& row, std::string& record) override;
+
+private:
+    const Columns& m_columns;
+    Charset m_charset;
+    std::string m_beginning; ///< of every statement, up to the values
+};
+
+void SqlWriter::Encode(const Row& row, std::string& record)
+{
+    record = m_beginning;
+    for (int column = 0; column < row.GetCount(); ++column) {
+        if (column != 0)
+            record += ", ";
+        const ColumnType& type = *m_columns[static_cast<std::size_t>(column)].type;
+        const ZelDtString text = ForColumn(column, [&] { return type.toSql(row[column]); });
+        if (ViewOf(text).find('\0') != std::string_view::npos)
+            throw MakeFault(RowError::NulByte, column);
+        EncodeCell(m_charset, ViewOf(text), column, record);
+    }
+    record += ");\n";
+}
+
+} // namespace
+
+std::unique_ptr<Writer> NewSqlWriter(const Columns& columns, const Options& options)
+{
+    return std::make_unique<SqlWriter>(columns, options);
+}
+
+} // namespace zelconv
