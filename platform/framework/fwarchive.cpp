@@ -12,7 +12,7 @@ namespace {
 constexpr std::size_t kMinBufferSize = 128;
 
 /// What is read at once of something whose length only the archive claims to know.
-constexpr std::size_t kTrustedStep = 64 * 1024;
+constexpr std::size_t kTrustedStep = std::size_t{64} * 1024;
 
 constexpr BYTE kLongLength = 0xFF;
 constexpr WORD kVeryLongLength = 0xFFFF;

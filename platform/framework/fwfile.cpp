@@ -1,5 +1,5 @@
 // Positions in files have 64 bits on every target.
-#define _FILE_OFFSET_BITS 64
+#define _FILE_OFFSET_BITS 64 // NOLINT(bugprone-reserved-identifier): the system reads it
 
 #include "platform/framework/fwfile.h"
 

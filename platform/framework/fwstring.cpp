@@ -164,7 +164,7 @@ CString& CString::operator=(const CString& source)
     return *this;
 }
 
-CString& CString::operator=(CString&& source)
+CString& CString::operator=(CString&& source) // NOLINT(performance-noexcept-move-constructor)
 {
     if (IsLocked(Data()) || IsLocked(source.Data()))
         return *this = static_cast<const CString&>(source);

@@ -44,6 +44,8 @@ public:
 
     std::int64_t Signed(Length length)
     {
+        // Some of these types are the same on one target and not on the other.
+        // NOLINTBEGIN(bugprone-branch-clone)
         switch (length) {
         case Length::Char:
             return static_cast<signed char>(Int());
@@ -61,6 +63,7 @@ public:
         case Length::Int:
             break;
         }
+        // NOLINTEND(bugprone-branch-clone)
         return Int();
     }
 

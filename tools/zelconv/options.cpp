@@ -85,6 +85,7 @@ template <typename Choices>
 CLI::IsMember OneOf(const Choices& choices)
 {
     std::vector<std::string> names;
+    names.reserve(choices.size());
     for (const auto& choice : choices)
         names.emplace_back(choice.name);
     return CLI::IsMember(names);
