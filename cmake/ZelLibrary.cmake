@@ -25,9 +25,10 @@ function(zel_add_library name)
     if(WIN32)
       set_target_properties(${name} PROPERTIES PREFIX "")
     else()
-      # Calls inside a library stay inside it, as they do on Windows.
+      # Calls inside a library stay inside it, as they do on Windows, and a library can be
+      # unloaded: a symbol that is unique in the process would keep it.
       target_compile_options(${name} PRIVATE
-          $<$<CXX_COMPILER_ID:GNU>:-fno-semantic-interposition>)
+          $<$<CXX_COMPILER_ID:GNU>:-fno-semantic-interposition -fno-gnu-unique>)
       target_link_options(${name} PRIVATE -Wl,-Bsymbolic-functions)
     endif()
   endif()

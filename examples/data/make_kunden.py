@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
-"""Makes the sample customers: make_kunden.py > kunden.csv
+"""Makes the sample customers: make_kunden.py [COUNT] > kunden.csv
 
 1,000 customers in UTF-8 with semicolons, a line of column names in front, and ten broken rows
-between them, each broken in another way. All names are put together from the lists below; the
-numbers behind the dice are fixed, so the file is the same every time.
+between them, each broken in another way. With COUNT, that many customers and no broken rows, to
+measure with. All names are put together from the lists below; the numbers behind the dice are
+fixed, so the file is the same every time.
 """
 
 import csv
@@ -140,9 +141,12 @@ def main():
     dice = Dice(17)
     out = sys.stdout.buffer
     out.write(line(COLUMNS))
-    for count in range(1, CUSTOMERS + 1):
+    customers, broken_rows = CUSTOMERS, BROKEN_ROWS
+    if len(sys.argv) > 1:
+        customers, broken_rows = int(sys.argv[1]), {}
+    for count in range(1, customers + 1):
         out.write(line(customer(dice, FIRST_NUMBER + count - 1)))
-        broken = BROKEN_ROWS.get(count, b"")
+        broken = broken_rows.get(count, b"")
         out.write(broken.encode("utf-8") if isinstance(broken, str) else broken)
 
 
