@@ -13,6 +13,13 @@ else()
   set(zel_gtest GTest::gmock GTest::gtest GTest::gtest_main)
 endif()
 
+# Source for tests that load and unload libraries (tests/support/module_loader.h).
+if(WIN32)
+  set(zel_module_loader "${PROJECT_SOURCE_DIR}/tests/support/module_loader_windows.cpp")
+else()
+  set(zel_module_loader "${PROJECT_SOURCE_DIR}/tests/support/module_loader_linux.cpp")
+endif()
+
 # zel_set_locale(<test> <locale>): the system settings that a test runs with.
 function(zel_set_locale test locale)
   if(WIN32)

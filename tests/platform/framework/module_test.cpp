@@ -1,6 +1,6 @@
 #include "platform/framework/framework.h"
 #include "tests/platform/framework/framework_testing.h"
-#include "tests/platform/framework/module_loader.h"
+#include "tests/support/module_loader.h"
 
 #include <gtest/gtest.h>
 

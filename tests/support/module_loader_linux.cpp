@@ -1,4 +1,4 @@
-#include "tests/platform/framework/module_loader.h"
+#include "tests/support/module_loader.h"
 
 #include <dlfcn.h>
 

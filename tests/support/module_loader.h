@@ -1,5 +1,5 @@
-#ifndef ZELDT_TESTS_PLATFORM_FRAMEWORK_MODULE_LOADER_H
-#define ZELDT_TESTS_PLATFORM_FRAMEWORK_MODULE_LOADER_H
+#ifndef ZELDT_TESTS_SUPPORT_MODULE_LOADER_H
+#define ZELDT_TESTS_SUPPORT_MODULE_LOADER_H
 
 /// Null when the library cannot be loaded.
 void* LoadModule(const char* fileName);

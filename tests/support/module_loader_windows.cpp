@@ -1,5 +1,5 @@
 #include "platform/runtime/wintypes.h"
-#include "tests/platform/framework/module_loader.h"
+#include "tests/support/module_loader.h"
 
 void* LoadModule(const char* fileName)
 {
