@@ -80,7 +80,9 @@ TEST(Loading, WorksFromThreadsOneAfterAnother)
             ASSERT_NE(library, nullptr);
             // What another thread made is freed here, and that thread ends first.
             std::unique_ptr<CObject> fromThere;
-            std::thread([&] { fromThere.reset(CRuntimeClass::CreateObject("ZelDtString")); }).join();
+            std::thread([&] {
+                fromThere.reset(CRuntimeClass::CreateObject("ZelDtString"));
+            }).join();
             EXPECT_NE(fromThere, nullptr);
             fromThere.reset();
             EXPECT_TRUE(UnloadModule(library));
