@@ -46,6 +46,3 @@ begin "Windows: build"
 build windows
 begin "Windows: tests under Wine"
 ctest --preset windows -j "$(nproc)"
-
-echo
-echo "test.sh: all stages passed in $((SECONDS - started)) s"

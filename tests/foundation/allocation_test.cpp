@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <cstdint>
+#include <functional>
 
 // This program replaces the allocation functions of the whole process. Windows libraries call
 // those of the runtime directly and sanitizers bring their own, so it is built only where the
@@ -11,6 +13,9 @@
 namespace {
 
 thread_local std::size_t allocations = 0;
+
+/// Allocations of this size and above fail.
+thread_local std::size_t tooMuch = SIZE_MAX;
 
 } // namespace
 
@@ -22,7 +27,7 @@ extern "C" void* __libc_realloc(void* memory, std::size_t size);
 extern "C" void* malloc(std::size_t size)
 {
     ++allocations;
-    return __libc_malloc(size);
+    return size < tooMuch ? __libc_malloc(size) : nullptr;
 }
 
 extern "C" void* calloc(std::size_t count, std::size_t size)
@@ -34,7 +39,7 @@ extern "C" void* calloc(std::size_t count, std::size_t size)
 extern "C" void* realloc(void* memory, std::size_t size)
 {
     ++allocations;
-    return __libc_realloc(memory, size);
+    return size < tooMuch ? __libc_realloc(memory, size) : nullptr;
 }
 
 namespace {
@@ -112,4 +117,72 @@ TEST(Allocations, NoneWhileTheTextFitsItsRoom)
     EXPECT_STREQ(text, "shc");
     text = "123456789012345678901";
     EXPECT_EQ(count.Allocations(), 1U);
+}
+
+namespace {
+
+constexpr int kMegabyte = 1 << 20;
+
+/// Runs the body while a megabyte is not to be had, and checks the error: 1 under the name of the
+/// operation, with the framework's memory exception as first cause.
+void ExpectExhausted(const char* signature, const std::function<void()>& body)
+{
+    const std::size_t alive = ZelEhCountLiveErrors();
+    tooMuch = kMegabyte;
+    try {
+        body();
+        tooMuch = SIZE_MAX;
+        ADD_FAILURE() << "no error";
+    } catch (ZelDtExcep* e) {
+        tooMuch = SIZE_MAX;
+        EXPECT_EQ(e->GetErrorNo(), 1U);
+        EXPECT_STREQ(e->GetClassText(), "ZelDtString");
+        EXPECT_STREQ(e->GetSignature(), signature);
+        const CException* const cause = e->GetFirstCause().GetCause();
+        EXPECT_TRUE(cause != nullptr && cause->IsKindOf(RUNTIME_CLASS(CMemoryException)));
+        delete e;
+    }
+    EXPECT_EQ(ZelEhCountLiveErrors(), alive);
+}
+
+void ExpectEmptyAndUsable(ZelDtString& text)
+{
+    EXPECT_EQ(text.GetLength(), 0);
+    EXPECT_EQ(text.GetAllocLength(), 0);
+    EXPECT_STREQ(text, "");
+    text = "again";
+    EXPECT_STREQ(text, "again");
+}
+
+} // namespace
+
+TEST(ExhaustedMemory, LeavesAGrowingTextEmpty)
+{
+    ZelDtString filled("abc");
+    ExpectExhausted("FillUp(TCHAR,INT,INT)",
+                    [&] { filled.FillUp('x', 2 * kMegabyte, ZelDtString::kiRight); });
+    ExpectEmptyAndUsable(filled);
+
+    ZelDtString half("");
+    half.FillUp('x', kMegabyte / 2 + 1, ZelDtString::kiRight);
+    ZelDtString grown(half);
+    ExpectExhausted("operator+=(ZelDtString&)", [&] { grown += half; });
+    ExpectEmptyAndUsable(grown);
+
+    ZelDtString inserted(half);
+    ExpectExhausted("Insert(ZelDtString&,INT)", [&] { inserted.Insert(half, 1); });
+    ExpectEmptyAndUsable(inserted);
+}
+
+TEST(ExhaustedMemory, LeavesTheOperandsOfAConcatenationAlone)
+{
+    ZelDtString half("");
+    half.FillUp('x', kMegabyte / 2 + 1, ZelDtString::kiRight);
+    ExpectExhausted("operator+(ZelDtString&)", [&] { half + half; });
+    EXPECT_EQ(half.GetLength(), kMegabyte / 2 + 1);
+}
+
+TEST(ExhaustedMemory, MakesNoValue)
+{
+    ExpectExhausted("ZelDtString(LPCTSTR,INT,INT)", [] { ZelDtString("abc", 3, kMegabyte); });
 }

@@ -105,8 +105,8 @@ public:
     /// that a removal joins go too. Returns whether there was one. Time linear in the length as
     /// long as the part does not nearly match everywhere.
     bool EraseAll(std::string_view part) noexcept;
-    /// Replaces every match, from the left; what was put in is not searched. Returns the number of
-    /// matches. `CountMatches` tells beforehand.
+    /// Replaces the first `matches` matches, of which there are as many as CountMatches says; what
+    /// was put in is not searched.
     void ReplaceAll(std::string_view oldPart, std::string_view newPart, std::size_t matches);
     std::size_t CountMatches(std::string_view part) const noexcept;
 
