@@ -12,7 +12,7 @@ class ZelFormat;
 enum ZelDtWorkingMode {
     ZelDtWmMissing = 0,       ///< it is missing: reading it is error 2
     ZelDtWmNull = 1,          ///< it is a database NULL: it reads and computes as what it stores
-    ZelDtWmAlwaysDefined = 2, ///< it never holds nothing: it is defined from the beginning
+    ZelDtWmAlwaysDefined = 2, ///< it is defined from the beginning, and Clear leaves it so
     ZelDtWmDefault = 3,       ///< the mode that ZelDtSetDefaultWorkingMode set
 };
 

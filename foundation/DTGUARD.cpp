@@ -8,18 +8,15 @@ namespace zeldt {
 
 namespace {
 
-/// Makes the error and hands it to `prepare` before it is thrown. An error that cannot be made
-/// leaves as a null pointer.
+/// What `make` makes; null if there is no memory for it.
 template <typename Make>
-[[noreturn]] void Throw(const Make& make)
+ZelDtExcep* MadeOrNull(const Make& make)
 {
-    ZelDtExcep* error = nullptr;
     try {
-        error = make();
+        return make();
     } catch (const std::bad_alloc&) {
-        error = nullptr;
+        return nullptr;
     }
-    throw error;
 }
 
 constexpr unsigned long kNoExtra = 0;
@@ -31,7 +28,7 @@ constexpr int kCauseAttached = 1;
 
 void Raise(const Operation& operation, ErrorNo number)
 {
-    Throw([&] {
+    throw MadeOrNull([&] {
         return new ZelDtExcep(operation.module, operation.className, operation.signature,
                               static_cast<unsigned long>(number), kNoExtra, kFoundHere);
     });
@@ -40,26 +37,29 @@ void Raise(const Operation& operation, ErrorNo number)
 void RaiseFollowUp(const Operation& operation)
 {
     constexpr auto number = static_cast<unsigned long>(ErrorNo::FollowUp);
+    const auto withoutCause = [&] {
+        return new ZelDtExcep(operation.module, operation.className, operation.signature, number,
+                              kNoExtra, kReplacesAnother);
+    };
     try {
         throw;
     } catch (CException* cause) {
-        Throw([&] {
+        ZelDtExcep* const error = MadeOrNull([&] {
             return new ZelDtExcep(cause, kCauseAttached, operation.module, operation.className,
                                   operation.signature, number, kNoExtra, kReplacesAnother);
         });
+        if (error == nullptr && cause != nullptr)
+            cause->Delete();
+        throw error;
     } catch (ZelEhBasis* replaced) {
-        Throw([&] {
-            auto* error = new ZelDtExcep(operation.module, operation.className, operation.signature,
-                                         number, kNoExtra, kReplacesAnother);
-            if (error != nullptr)
-                error->TakeOver(replaced);
-            return error;
-        });
+        ZelDtExcep* const error = MadeOrNull(withoutCause);
+        if (error != nullptr)
+            error->TakeOver(replaced);
+        else
+            delete replaced;
+        throw error;
     } catch (...) {
-        Throw([&] {
-            return new ZelDtExcep(operation.module, operation.className, operation.signature,
-                                  number, kNoExtra, kReplacesAnother);
-        });
+        throw MadeOrNull(withoutCause);
     }
 }
 

@@ -155,17 +155,18 @@ void AtThreadEnd(void* pointer)
     Dissolve(static_cast<ListedCache*>(static_cast<ThreadCache*>(pointer)));
 }
 
-/// Gives the chunks back when no block is in use any more; blocks in use keep all of them.
+/// Gives the chunks back when no block is in use any more and no other thread keeps free ones; else
+/// all of them stay. Only the calling thread's cache may be touched: others may be at work.
 void Close()
 {
+    auto* const own = static_cast<ThreadCache*>(zelrt::GetThreadPointer());
     zelrt::CloseThreadSlot();
     const std::lock_guard guard(store.lock);
     store.closed = true;
-    for (ListedCache* cache = store.caches; cache != nullptr;) {
-        ListedCache* const next = cache->next;
-        Dissolve(cache);
-        cache = next;
-    }
+    if (own != nullptr)
+        Dissolve(static_cast<ListedCache*>(own));
+    if (store.caches != nullptr)
+        return;
     if (!std::equal(store.freeBlocks, store.freeBlocks + kBlockSizeCount, store.carvedBlocks))
         return;
     while (Chunk* const chunk = store.chunks) {
@@ -203,8 +204,14 @@ void* TakeFromStore(std::size_t sizeIndex)
 void ReturnToStore(void* block, std::size_t sizeIndex) noexcept
 {
     ThreadCache* const cache = CacheOfThread();
-    if (cache == nullptr)
-        return; // the store is closed: the process, and the memory with it, is about to go
+    if (cache == nullptr) {
+        // The library is about to go, or there is no memory for a list of the thread's own.
+        auto* const single = new (block) FreeBlock{nullptr, nullptr};
+        const std::lock_guard guard(store.lock);
+        if (!store.closed)
+            AddBatch(sizeIndex, single, 1);
+        return;
+    }
     FreeList& list = cache->lists[sizeIndex];
     if (list.count >= kMaxListLength) {
         FreeBlock* last = list.first;

@@ -10,7 +10,7 @@
 /// Fresh blocks are carved in order from chunks aligned to cache lines, so the two blocks of a
 /// value made by fresh blocks share a line.
 ///
-/// Without ZELDT_POOL the blocks come from the global allocation functions, so that sanitizers see
+/// With ZELDT_NO_POOL the blocks come from the global allocation functions, so that sanitizers see
 /// each of them. Private to the library.
 
 #include <cstddef>
@@ -106,8 +106,8 @@ inline void ReturnBlock(void* memory) noexcept
 
 #endif
 
-/// Base of a final class whose objects come from the pool. Throws std::bad_alloc when memory is
-/// exhausted.
+/// Base of a class without derived classes whose objects come from the pool. Throws std::bad_alloc
+/// when memory is exhausted.
 template <typename Object>
 class Pooled {
 public:

@@ -8,7 +8,7 @@
 
 #include <cstdint>
 
-class ZelDtBasisState : public zeldt::Pooled<ZelDtBasisState> {
+class ZelDtBasisState final : public zeldt::Pooled<ZelDtBasisState> {
 public:
     ZelDtBasisState(ZelDtWorkingMode workingMode, int isDefined, int isModified)
         : mode(workingMode), defined(isDefined), modified(isModified)

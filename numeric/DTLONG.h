@@ -59,6 +59,7 @@ public:
     ZelDtLong& operator=(const ZelDtLong& source);
     /// Takes over the number; defined afterwards.
     ZelDtLong& operator=(int number);
+    /// Outside 32 bits: error 8.
     ZelDtLong& operator=(long number);
     /// `source` must be a ZelDtLong, else error 10.
     void Assign(const ZelDtBasis& source) override;

@@ -3,7 +3,9 @@
 #include "platform/runtime/ansi.h"
 #include "text/IMP/DTTEXT.h"
 
+#include <algorithm>
 #include <cstring>
+#include <memory>
 #include <string>
 
 namespace {
@@ -143,7 +145,7 @@ ZelDtString ZelDtString::GetnValue(int position, int count) const
         Raise(kGetnValue, ErrorNo::StringIndex);
     return Guarded(kGetnValue, [&] {
         const std::string_view part = m_pImp->View().substr(static_cast<std::size_t>(position));
-        return ZelDtString(new ZelDtString_Imp(part, count, count));
+        return ZelDtString(std::make_unique<ZelDtString_Imp>(part, count, count));
     });
 }
 
@@ -252,6 +254,12 @@ int ZelDtString::ChangeAt(const ZelDtString& oldPart, const ZelDtString& newPart
         // A real copy: the value is about to change.
         const ZelDtString original(newPart); // NOLINT(performance-unnecessary-copy-initialization)
         return ChangeAt(oldPart, original, position);
+    }
+    if (position >= 0 && position <= m_pImp->Length()) {
+        const std::size_t behind = static_cast<std::size_t>(m_pImp->Length() - position);
+        const std::size_t kept =
+            m_pImp->View().size() - std::min(behind, oldPart.m_pImp->View().size());
+        RequireLength(kInsert, kept + newPart.m_pImp->View().size());
     }
     const int removed = DeleteParts(oldPart, position);
     if (removed)

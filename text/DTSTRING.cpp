@@ -99,7 +99,9 @@ ZelDtString::ZelDtString(const ZelDtLong& source)
       }))
 {}
 
-ZelDtString::ZelDtString(ZelDtString_Imp* imp) : ZelDtBasis(1, ZelDtWmDefault), m_pImp(imp) {}
+ZelDtString::ZelDtString(std::unique_ptr<ZelDtString_Imp> imp)
+    : ZelDtBasis(1, ZelDtWmDefault), m_pImp(imp.release())
+{}
 
 ZelDtString::~ZelDtString()
 {

@@ -4,6 +4,7 @@
 #include "../foundation/DTBASIS.h"
 #include "../foundation/DT_IUTIL.h"
 
+#include <memory>
 #include <string_view>
 #include <type_traits>
 
@@ -19,14 +20,16 @@ class ZelDtString_Imp;
 ///
 /// Representation: a text terminated by NUL, its length, and the allocation length, the bytes that
 /// fit without a new allocation. Positions and lengths count bytes from 0; NUL bytes inside are
-/// carried by length. Longest text: 2147483646 bytes. An empty value without reserved room owns no
-/// memory for text.
+/// carried by length. Longest text that an operation may reach: 2147483646
+/// bytes; only an SQL literal and a text of NUL bytes may have one more. An empty value without
+/// reserved room owns no memory for text.
 ///
 /// Missing: reading is error 2. Null: reads, compares and prints as its text, empty after Clear.
 /// Default value: undefined, empty.
 ///
 /// `==` and `!=` compare bytes; `<` and its family follow the house sort order. Two texts that
-/// differ only in case are unequal and still neither less nor greater.
+/// differ only in case are unequal and still neither less nor greater. All of them, and searching,
+/// go by length: NUL bytes count. Compare looks at the texts up to their first NUL byte.
 ///
 /// Errors are thrown as ZelDtExcep* (delete it). Checks come before any change, so a failing call
 /// leaves the value as it was, unless a function says otherwise; only an exhausted memory (error 1)
@@ -122,6 +125,7 @@ public:
 
     /// The text without any check; empty when undefined. Valid until the value changes.
     operator const char*() const;
+    /// Error 1 when memory is exhausted.
     operator CString() const;
     /// A new 16-bit text (SysAllocString); the caller frees it with SysFreeString. Error 1 when
     /// memory is exhausted.
@@ -149,8 +153,8 @@ public:
     void Insert(const ZelDtString& source, int position);
     /// Keeps `position` bytes. A position outside 0 to length: error 3.
     void Cut(int position);
-    /// `left` gets the bytes before `position`, `right` the others; a side without bytes behind
-    /// the end, and both for an undefined value, are cleared. Negative position: error 3.
+    /// `left` gets the bytes before `position`, `right` the others; `right` is
+    /// cleared when there are none, both are for an undefined value. Negative position: error 3.
     void Split(ZelDtString& left, ZelDtString& right, int position) const;
     /// Removes blanks (0x20 only) at the given side; both sides for any other argument.
     void Trim(int side);
@@ -164,7 +168,8 @@ public:
     void ToLower();
     /// Outside the text: error 3; a NUL character: error 5.
     void SetAt(int index, char character);
-    /// Converts a defined text; error 19 if that is not possible.
+    /// Converts a defined text; error 19 if that is not possible, the text may then be converted in
+    /// part.
     void ConvertCodePage(ZelDtCodepageWandlung direction);
 
     // SQL
@@ -173,11 +178,13 @@ public:
     /// `codePage` 850, 437 or the system's OEM code page converts the result; any other number
     /// does not. The conversion comes last and knows no quotes: a character that becomes a double
     /// quote there (the low one, 0x84, in 850) ends the literal, so texts from outside are better
-    /// passed unconverted. A result above 2147483647 bytes: error 8.
+    /// passed unconverted. A result above 2147483647 bytes: error 8;
+    /// a conversion that is not possible: error 19.
     virtual ZelDtString ConvToSQL(unsigned int codePage = 0) const;
     /// Takes exactly the first `length` bytes of a column's content as they are, converted from
     /// `codePage`; defined afterwards. A null text: error 5; a length that is not above 0 or
-    /// exceeds the text: error 6.
+    /// exceeds the text: error 6; 2147483647 bytes: error 8; a conversion that is not possible:
+    /// error 19.
     virtual void SetFromSQL(const char* text, int length, unsigned int codePage);
 
     // Display
@@ -202,13 +209,15 @@ public:
 
     // Operators
 
-    /// Appends; defined afterwards unless both are undefined. Reaching 2147483647 bytes: error 8.
+    /// Appends; defined afterwards unless both are undefined. Reaching 2147483647 bytes:
+    /// error 8; a null text: error 5.
     ZelDtString& operator+=(const ZelDtString& source);
     ZelDtString& operator+=(const char* text);
     ZelDtString& operator+=(const CString& text);
     ZelDtString& operator+=(char character);
 
-    /// A defined text in the default mode; if one operand is undefined, a copy of the other.
+    /// A defined text in the default mode; if one operand is undefined, a copy of the other. Errors
+    /// as `+=`.
     ZelDtString operator+(const ZelDtString& right) const;
     ZelDtString operator+(const char* right) const;
     ZelDtString operator+(const CString& right) const;
@@ -226,7 +235,8 @@ public:
     int operator<=(const ZelDtString& right) const;
     int operator>=(const ZelDtString& right) const;
 
-    // Plain texts in comparisons mean what they say, on either side
+    // Plain texts in comparisons mean what they say, on either side. In the house order a null
+    // text is error 5
 
     friend int operator==(const char* l, const ZelDtString& r) { return r == l; }
     friend int operator!=(const char* l, const ZelDtString& r) { return r != l; }
@@ -294,7 +304,7 @@ public:
 
 private:
     /// Defined in the default mode; takes over `imp`.
-    explicit ZelDtString(ZelDtString_Imp* imp);
+    explicit ZelDtString(std::unique_ptr<ZelDtString_Imp> imp);
 
     friend ZELDT_API ZelDtString operator+(const char* left, const ZelDtString& right);
     friend ZELDT_API ZelDtString operator+(char left, const ZelDtString& right);

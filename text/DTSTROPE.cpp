@@ -166,7 +166,7 @@ ZelDtString ZelDtString::Joined(const Operation& operation, std::string_view lef
 {
     RequireLength(operation, left.size() + right.size());
     return Guarded(operation, [&] {
-        ZelDtString result(new ZelDtString_Imp);
+        ZelDtString result(std::make_unique<ZelDtString_Imp>());
         char* const out = result.m_pImp->Fresh(static_cast<int>(left.size() + right.size()));
         left.copy(out, left.size());
         right.copy(out + left.size(), right.size());

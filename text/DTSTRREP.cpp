@@ -76,17 +76,19 @@ ZelDtString ZelDtString::ConvToSQL(unsigned int codePage) const
     const std::size_t length = IsDefined() ? zeldt::QuotedLength(m_pImp->View()) : kSqlNull.size();
     if (length > static_cast<std::size_t>(ZelDtString_Imp::kMaxLength))
         Raise(kConvToSQL, ErrorNo::OutOfRange);
-    return Guarded(kConvToSQL, [&] {
-        ZelDtString result(new ZelDtString_Imp);
-        char* const out = result.m_pImp->Fresh(static_cast<int>(length));
+    ZelDtString result = Guarded(kConvToSQL, [&] {
+        ZelDtString literal(std::make_unique<ZelDtString_Imp>());
+        char* const out = literal.m_pImp->Fresh(static_cast<int>(length));
         if (IsDefined())
             zeldt::WriteQuoted(m_pImp->View(), out);
         else
             std::memcpy(out, kSqlNull.data(), length);
-        if (const auto directions = DirectionsFor(codePage))
-            result.ConvertCodePage(directions->toOem);
-        return result;
+        return literal;
     });
+    // Outside the guard: its own error number is to reach the caller.
+    if (const auto directions = DirectionsFor(codePage))
+        result.ConvertCodePage(directions->toOem);
+    return result;
 }
 
 void ZelDtString::SetFromSQL(const char* text, int length, unsigned int codePage)
@@ -102,11 +104,11 @@ void ZelDtString::SetFromSQL(const char* text, int length, unsigned int codePage
         AssignText(kSetFromSQL, content);
         return;
     }
-    Guarded(kSetFromSQL, [&] {
-        ZelDtString converted(new ZelDtString_Imp(content, length, length));
-        converted.ConvertCodePage(directions->toAnsi);
-        AssignText(kSetFromSQL, converted.m_pImp->View());
+    ZelDtString converted = Guarded(kSetFromSQL, [&] {
+        return ZelDtString(std::make_unique<ZelDtString_Imp>(content, length, length));
     });
+    converted.ConvertCodePage(directions->toAnsi);
+    AssignText(kSetFromSQL, converted.m_pImp->View());
 }
 
 // Display

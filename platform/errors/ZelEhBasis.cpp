@@ -59,7 +59,10 @@ public:
     {
         const std::lock_guard lock(m_mutex);
         ZelEhBasis* error = m_pFirst;
-        while (error != nullptr && kind != nullptr && !error->IsKindOf(kind))
+        const auto isWanted = [kind](const ZelEhBasis& candidate) {
+            return !candidate.m_bTakenOver && (kind == nullptr || candidate.IsKindOf(kind));
+        };
+        while (error != nullptr && !isWanted(*error))
             error = error->m_pNext;
         if (error != nullptr)
             Unlink(*error);
@@ -239,6 +242,8 @@ void ZelEhBasis::TakeOver(ZelEhBasis* replaced)
     if (replaced == this || replaced == m_pData->replaced)
         return;
     delete std::exchange(m_pData->replaced, replaced);
+    if (replaced != nullptr)
+        replaced->m_bTakenOver = true;
 }
 
 CString ZelEhBasis::GetErrorMessage() const

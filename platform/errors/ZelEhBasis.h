@@ -26,7 +26,7 @@ class ZELEH_API ZelEhBasis : public CObject {
 
 public:
     /// Takes ownership of `cause` (may be null). Throws nothing but what an exhausted memory
-    /// gives (std::bad_alloc).
+    /// gives (std::bad_alloc); `cause` then stays the caller's.
     ZelEhBasis(const char* module, const char* className, const char* signature, const char* text,
                unsigned long errorNo, unsigned long value1, unsigned long value2, CException* cause,
                int causeFlag, unsigned long extra, int flag);
@@ -91,7 +91,8 @@ public:
 
     /// Logs the error if GetLogFileInfos names a file, then shows it.
     virtual void ReportError() const;
-    /// ReportError with the run-time class of `object` (may be null) named in the message.
+    /// ReportError with the run-time class of `object` (may be null) named in the log. A log that
+    /// cannot be written leaves as CFileException*, and nothing is shown then.
     virtual void ReportErrorOnObject(const CObject* object) const;
     /// Hands caption and message to the display that ZelEhSetDisplay set.
     virtual void ShowError() const;
@@ -130,6 +131,7 @@ private:
     ZelEhBasis* m_pPrevious = nullptr; // neighbours in the list of live errors
     ZelEhBasis* m_pNext = nullptr;
     bool m_bListed = false;
+    bool m_bTakenOver = false;
 };
 
 /// Shows `text` under `caption` to whoever uses the program.
@@ -142,7 +144,8 @@ ZELEH_API ZelEhDisplay ZelEhSetDisplay(ZelEhDisplay display);
 /// Number of errors made and not yet deleted.
 ZELEH_API std::size_t ZelEhCountLiveErrors();
 
-/// Deletes, when it is destroyed, every live error of a class and of those derived from it.
+/// Deletes, when it is destroyed, every live error of a class and of those derived from it; errors
+/// that were taken over go with those that took them.
 /// A library that throws errors keeps one as a static object, so that none of its errors outlives
 /// the code of its class.
 class ZELEH_API ZelEhDeleteAtTerminate {

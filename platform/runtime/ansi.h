@@ -16,7 +16,7 @@ using ByteMap = std::array<unsigned char, 256>;
 namespace detail {
 
 /// Upper-case letters 0xC0 to 0xDE lie 0x20 below their lower-case ones, except the signs for
-/// multiplication and division; five pairs lie elsewhere.
+/// multiplication and division; four pairs lie elsewhere.
 constexpr ByteMap MakeAnsiUpper()
 {
     ByteMap map{};

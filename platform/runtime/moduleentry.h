@@ -13,7 +13,8 @@ namespace zelrt {
 /// makes the loading fail.
 bool OnModuleAttach(HINSTANCE module);
 
-/// Called when the library is about to be unloaded, before its static objects go.
+/// Called when the library is about to be unloaded, before its static objects go; at the end of a
+/// Linux process that never unloaded it, after they went.
 void OnModuleDetach();
 
 } // namespace zelrt

@@ -50,6 +50,7 @@ std::size_t ModuleFileName(const void* address, char* buffer, std::size_t size) 
 
 std::size_t ProgramFileName(char* buffer, std::size_t size) noexcept
 {
+    buffer[0] = '\0';
     const DWORD written = GetModuleFileNameA(nullptr, buffer, static_cast<DWORD>(size));
     buffer[size - 1] = '\0';
     return std::min<std::size_t>(written, size - 1);

@@ -57,6 +57,7 @@ constinit thread_local void* threadSlotPointer = nullptr;
 namespace {
 
 pthread_key_t endKey;
+bool hasEndKey = false;
 ThreadEndHandler endHandler = nullptr;
 
 void AtThreadEnd(void* pointer)
@@ -70,19 +71,21 @@ void AtThreadEnd(void* pointer)
 void OpenThreadSlot(ThreadEndHandler handler) noexcept
 {
     endHandler = handler;
-    pthread_key_create(&endKey, &AtThreadEnd);
+    hasEndKey = pthread_key_create(&endKey, &AtThreadEnd) == 0;
 }
 
 void CloseThreadSlot() noexcept
 {
-    pthread_key_delete(endKey);
+    if (hasEndKey)
+        pthread_key_delete(endKey);
     threadSlotPointer = nullptr;
 }
 
 void SetThreadPointer(void* pointer) noexcept
 {
     threadSlotPointer = pointer;
-    pthread_setspecific(endKey, pointer);
+    if (hasEndKey)
+        pthread_setspecific(endKey, pointer);
 }
 
 } // namespace zelrt
