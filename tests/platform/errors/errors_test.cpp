@@ -236,6 +236,22 @@ TEST(Termination, DeletesWhatNobodyDeleted)
     EXPECT_EQ(ZelEhCountLiveErrors(), before - 3);
 }
 
+TEST(Termination, ErrorsThatWereTakenOverGoWithTheirOwner)
+{
+    // The error taken over is the newer one, so it would be found first.
+    auto* const owner = new DerivedError;
+    owner->TakeOver(new DerivedError);
+    ZelEhBasis* const foreignOwner = MakeError();
+    foreignOwner->TakeOver(new DerivedError);
+    {
+        const ZelEhDeleteAtTerminate terminate(RUNTIME_CLASS(DerivedError));
+    }
+    EXPECT_EQ(DerivedError::alive, 1);
+    EXPECT_TRUE(foreignOwner->GetReplaced()->IsKindOf(RUNTIME_CLASS(DerivedError)));
+    delete foreignOwner;
+    EXPECT_EQ(DerivedError::alive, 0);
+}
+
 TEST(Termination, WithoutAKindDeletesEveryError)
 {
     new DerivedError;
