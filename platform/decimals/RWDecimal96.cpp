@@ -1,0 +1,430 @@
+#include "platform/decimals/RWDecimal96.h"
+
+#include "platform/decimals/RWDecimalFormat.h"
+#include "platform/decimals/arithmetic.h"
+#include "platform/decimals/binary.h"
+#include "platform/decimals/decimaltext.h"
+
+#include <atomic>
+#include <bit>
+#include <cstring>
+#include <limits>
+
+using zeldec::Number;
+using zeldec::Status;
+using zeldec::uint128;
+
+/// The words of a number as the core takes them. Most numbers fit 64 bits: these have ways of their
+/// own, written here so that nothing stands between a call and its few instructions.
+struct RWDecimal96Access {
+    using State = RWDecimalBase::State;
+
+    static bool IsNull(const RWDecimal96& a, const RWDecimal96& b)
+    {
+        return (a.m_state | b.m_state) != RWDecimalBase::NormalState;
+    }
+
+    static std::int32_t Places(const RWDecimal96& number) { return number.m_exponent; }
+
+    /// The low 64 bits of the mantissa.
+    static std::uint64_t LowWords(const RWDecimal96& number)
+    {
+        std::uint64_t words = 0;
+        std::memcpy(&words, &number.m_mantissa.middle, sizeof words);
+        return std::rotl(words, 32);
+    }
+
+    /// The mantissa; meaningful if it fits 64 bits.
+    static std::int64_t Short(const RWDecimal96& number)
+    {
+        return static_cast<std::int64_t>(LowWords(number));
+    }
+
+    static bool IsShort(const RWDecimal96& number)
+    {
+        return number.m_mantissa.high == Short(number) >> 63;
+    }
+
+    static bool IsNegative(const RWDecimal96& number) { return number.m_mantissa.high < 0; }
+
+    static Number Load(const RWDecimal96& number)
+    {
+        const uint128 mantissa = zeldec::Joined(
+            static_cast<std::uint64_t>(std::int64_t{number.m_mantissa.high}), LowWords(number));
+        const bool negative = IsNegative(number);
+        return {negative ? -mantissa : mantissa, number.m_exponent, negative};
+    }
+
+    static RWDecimal96 MakeShort(std::int64_t mantissa, std::int32_t places)
+    {
+        return Make(static_cast<std::uint64_t>(mantissa), static_cast<std::int32_t>(mantissa >> 63),
+                    places);
+    }
+
+    static RWDecimal96 Make(const Number& number)
+    {
+        const uint128 mantissa = number.negative ? -number.magnitude : number.magnitude;
+        return Make(zeldec::LowHalf(mantissa),
+                    static_cast<std::int32_t>(zeldec::HighHalf(mantissa)),
+                    static_cast<std::int32_t>(number.places));
+    }
+
+    static RWDecimal96 Make(std::uint64_t low, std::int32_t high, std::int32_t places)
+    {
+        return {int96{high, static_cast<std::uint32_t>(low >> 32), static_cast<std::uint32_t>(low)},
+                places, RWDecimalBase::NormalState};
+    }
+};
+
+namespace {
+
+using Access = RWDecimal96Access;
+
+std::atomic<RWDecimal96OverflowHandler> overflowHandler{nullptr};
+std::atomic<RWDecimal96InexactHandler> inexactHandler{nullptr};
+
+/// Sets a handler; the same one again costs no write, so threads that do so do not disturb each
+/// other.
+template <typename Handler>
+Handler Exchange(std::atomic<Handler>& current, Handler handler)
+{
+    const Handler before = current.load(std::memory_order_relaxed);
+    if (before != handler)
+        current.store(handler, std::memory_order_relaxed);
+    return before;
+}
+
+[[noreturn]] void RaiseOverflow(const char* why)
+{
+    RWDecimal96OverflowErr error(why);
+    if (const auto handler = overflowHandler.load(std::memory_order_relaxed))
+        handler(error);
+    throw error;
+}
+
+void TellInexact()
+{
+    if (const auto handler = inexactHandler.load(std::memory_order_relaxed)) {
+        RWDecimal96InexactErr error("the result was rounded");
+        handler(error);
+    }
+}
+
+/// What the status means to a caller.
+void Settle(Status status)
+{
+    switch (status) {
+    case Status::Ok:
+        return;
+    case Status::Inexact:
+        TellInexact();
+        return;
+    case Status::Overflow:
+        RaiseOverflow("more than 28 digits before the point");
+    case Status::DivisionByZero:
+        break;
+    }
+    RaiseOverflow("division by zero");
+}
+
+/// Runs an operation of the core.
+template <typename Operation, typename... Operands>
+RWDecimal96 Computed(Operation operation, const Operands&... operands)
+{
+    Number result = {0, 0, false};
+    Settle(operation(operands..., result));
+    return Access::Make(result);
+}
+
+/// An operation of the core on two numbers, out of the way of the short ones.
+template <Status (*operation)(const Number&, const Number&, Number&)>
+[[gnu::noinline]] RWDecimal96 ComputedLong(const RWDecimal96& a, const RWDecimal96& b)
+{
+    if (Access::IsNull(a, b))
+        return {};
+    return Computed(operation, Access::Load(a), Access::Load(b));
+}
+
+[[gnu::noinline]] RWDecimal96 SubtractedLong(const RWDecimal96& a, const RWDecimal96& b)
+{
+    if (Access::IsNull(a, b))
+        return {};
+    Number subtrahend = Access::Load(b);
+    subtrahend.negative = !subtrahend.negative;
+    return Computed(zeldec::Add, Access::Load(a), subtrahend);
+}
+
+bool AreShort(const RWDecimal96& a, const RWDecimal96& b)
+{
+    return !Access::IsNull(a, b) && Access::IsShort(a) && Access::IsShort(b);
+}
+
+/// Whether results may have so many places.
+bool MayHave(std::int32_t places)
+{
+    return static_cast<std::uint32_t>(places) <= std::uint32_t{zeldec::kMostPlaces};
+}
+
+/// The mantissas of two short numbers at the same places.
+struct Aligned {
+    std::int64_t a;
+    std::int64_t b;
+    std::int32_t places;
+};
+
+/// Brings two numbers to the larger number of places; false if that takes more than 64 bits.
+bool Align(const RWDecimal96& a, const RWDecimal96& b, Aligned& aligned)
+{
+    if (!AreShort(a, b))
+        return false;
+    aligned = {Access::Short(a), Access::Short(b), Access::Places(a)};
+    if (Access::Places(a) == Access::Places(b))
+        return true;
+    const std::int64_t gap = std::int64_t{Access::Places(a)} - Access::Places(b);
+    constexpr int kMostScaled = 18;
+    if (gap > 0) {
+        return gap <= kMostScaled &&
+               !__builtin_mul_overflow(
+                   aligned.b, static_cast<std::int64_t>(zeldec::kPowers64[std::size_t(gap)]),
+                   &aligned.b);
+    }
+    aligned.places = Access::Places(b);
+    return -gap <= kMostScaled &&
+           !__builtin_mul_overflow(aligned.a,
+                                   static_cast<std::int64_t>(zeldec::kPowers64[std::size_t(-gap)]),
+                                   &aligned.a);
+}
+
+[[gnu::noinline]] int CompareLong(const RWDecimal96& a, const RWDecimal96& b)
+{
+    return zeldec::Compare(Access::Load(a), Access::Load(b));
+}
+
+/// Negative, 0 or positive; the numbers must not be null.
+int Order(const RWDecimal96& a, const RWDecimal96& b)
+{
+    Aligned aligned{};
+    if (Align(a, b, aligned))
+        return (aligned.a > aligned.b) - (aligned.a < aligned.b);
+    return CompareLong(a, b);
+}
+
+zeldec::Rounding RoundingOf(RWDecimalBase::RoundingMethod method)
+{
+    switch (method) {
+    case RWDecimalBase::RoundAwayFromZero:
+        return zeldec::Rounding::AwayFromZero;
+    case RWDecimalBase::RoundTowardZero:
+        return zeldec::Rounding::TowardZero;
+    case RWDecimalBase::RoundNearest:
+        break;
+    }
+    return zeldec::Rounding::Nearest;
+}
+
+} // namespace
+
+// Errors and handlers
+
+RWDecimal96OverflowErr::~RWDecimal96OverflowErr() = default;
+
+const char* RWDecimal96OverflowErr::what() const noexcept
+{
+    return m_why;
+}
+
+RWDecimal96InexactErr::~RWDecimal96InexactErr() = default;
+
+const char* RWDecimal96InexactErr::what() const noexcept
+{
+    return m_why;
+}
+
+RWDecimal96OverflowHandler RWDecimal96::setOverflowHandler(RWDecimal96OverflowHandler handler)
+{
+    return Exchange(overflowHandler, handler);
+}
+
+RWDecimal96InexactHandler RWDecimal96::setInexactHandler(RWDecimal96InexactHandler handler)
+{
+    return Exchange(inexactHandler, handler);
+}
+
+// Construction
+
+RWDecimal96::RWDecimal96(const char* text) : RWDecimal96(text, text == nullptr ? 0 : strlen(text))
+{}
+
+RWDecimal96::RWDecimal96(const char* text, std::size_t length) : RWDecimal96()
+{
+    Number number = {0, 0, false};
+    switch (zeldec::Parse(text, text + length, number)) {
+    case zeldec::ParseStatus::Ok:
+        break;
+    case zeldec::ParseStatus::Inexact:
+        TellInexact();
+        break;
+    case zeldec::ParseStatus::Overflow:
+        Settle(Status::Overflow);
+        break;
+    case zeldec::ParseStatus::NoNumber:
+        return;
+    }
+    *this = Access::Make(number);
+}
+
+RWDecimal96 RWDecimal96::from(double number)
+{
+    return Computed(zeldec::FromDouble, number);
+}
+
+// Arithmetic
+
+RWDecimal96 operator+(const RWDecimal96& a, const RWDecimal96& b)
+{
+    Aligned aligned{};
+    std::int64_t sum = 0;
+    if (Align(a, b, aligned) && MayHave(aligned.places) &&
+        !__builtin_add_overflow(aligned.a, aligned.b, &sum))
+        return Access::MakeShort(sum, aligned.places);
+    return ComputedLong<zeldec::Add>(a, b);
+}
+
+RWDecimal96 operator-(const RWDecimal96& a, const RWDecimal96& b)
+{
+    Aligned aligned{};
+    std::int64_t difference = 0;
+    if (Align(a, b, aligned) && MayHave(aligned.places) &&
+        !__builtin_sub_overflow(aligned.a, aligned.b, &difference))
+        return Access::MakeShort(difference, aligned.places);
+    return SubtractedLong(a, b);
+}
+
+RWDecimal96 operator*(const RWDecimal96& a, const RWDecimal96& b)
+{
+    std::int64_t product = 0;
+    if (AreShort(a, b) && !__builtin_mul_overflow(Access::Short(a), Access::Short(b), &product)) {
+        const std::int64_t places = std::int64_t{Access::Places(a)} + Access::Places(b);
+        if (places >= 0 && places <= zeldec::kMostPlaces)
+            return Access::MakeShort(product, static_cast<std::int32_t>(places));
+    }
+    return ComputedLong<zeldec::Multiply>(a, b);
+}
+
+RWDecimal96 operator/(const RWDecimal96& a, const RWDecimal96& b)
+{
+    return ComputedLong<zeldec::Divide>(a, b);
+}
+
+RWDecimal96 operator%(const RWDecimal96& a, const RWDecimal96& b)
+{
+    return ComputedLong<zeldec::Remainder>(a, b);
+}
+
+RWDecimal96 pow(const RWDecimal96& base, int exponent)
+{
+    if (base.isNull())
+        return {};
+    return Computed(zeldec::Power, Access::Load(base), exponent);
+}
+
+RWDecimal96 abs(const RWDecimal96& number)
+{
+    if (number.isNull() || !Access::IsNegative(number))
+        return number;
+    Number positive = Access::Load(number);
+    positive.negative = false;
+    // The lowest of all mantissas alone has no positive counterpart.
+    if (positive.magnitude >> 95 != 0)
+        return Computed(zeldec::Fit,
+                        zeldec::Exact{zeldec::ToWide(positive.magnitude), positive.places, false},
+                        zeldec::kMostPlaces);
+    return Access::Make(positive);
+}
+
+RWDecimal96 round(const RWDecimal96& number, int places, RWDecimalBase::RoundingMethod method)
+{
+    if (number.isNull() || places >= Access::Places(number))
+        return number;
+    return Computed(zeldec::Round, Access::Load(number), places, RoundingOf(method));
+}
+
+// Comparison
+
+int operator==(const RWDecimal96& a, const RWDecimal96& b)
+{
+    return !Access::IsNull(a, b) && Order(a, b) == 0;
+}
+
+int operator!=(const RWDecimal96& a, const RWDecimal96& b)
+{
+    return Access::IsNull(a, b) || Order(a, b) != 0;
+}
+
+int operator<(const RWDecimal96& a, const RWDecimal96& b)
+{
+    return !Access::IsNull(a, b) && Order(a, b) < 0;
+}
+
+int operator>(const RWDecimal96& a, const RWDecimal96& b)
+{
+    return !Access::IsNull(a, b) && Order(a, b) > 0;
+}
+
+int operator<=(const RWDecimal96& a, const RWDecimal96& b)
+{
+    return !Access::IsNull(a, b) && Order(a, b) <= 0;
+}
+
+int operator>=(const RWDecimal96& a, const RWDecimal96& b)
+{
+    return !Access::IsNull(a, b) && Order(a, b) >= 0;
+}
+
+// Conversions
+
+long toInt(const RWDecimal96& number, RWDecimalBase::RoundingMethod method)
+{
+    return number.isNull() ? 0 : zeldec::ToInt32(Access::Load(number), RoundingOf(method));
+}
+
+long double toDouble(const RWDecimal96& number)
+{
+    return number.isNull() ? std::numeric_limits<long double>::quiet_NaN()
+                           : zeldec::ToDouble(Access::Load(number));
+}
+
+std::size_t RWDecimal96::print(char* buffer, std::size_t room) const
+{
+    const Number number = isNull() ? Number{0, 0, false} : Access::Load(*this);
+    const std::size_t length = isNull() ? 0 : zeldec::TextLength(number);
+    if (length >= room)
+        return length;
+    if (length != 0)
+        zeldec::Print(number, buffer);
+    buffer[length] = '\0';
+    return length;
+}
+
+RWCString toString(const RWDecimal96& number)
+{
+    char text[RWDecimal96::kTextRoom];
+    const std::size_t length = number.print(text, sizeof text);
+    if (length < sizeof text)
+        return {text, length};
+    RWCString longText(length, '0');
+    number.print(longText.data(), length + 1);
+    return longText;
+}
+
+RWDecimal96::operator RWDecimalPortable() const
+{
+    return RWDecimalPortable(toString(*this));
+}
+
+// Start-up
+
+// The library's own objects need no order: they are constants and atomic pointers that are there
+// before any code runs.
+RWDecimal96Init::RWDecimal96Init() = default;
+RWDecimal96Init::~RWDecimal96Init() = default;

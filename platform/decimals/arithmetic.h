@@ -1,0 +1,32 @@
+#ifndef ZELDT_PLATFORM_DECIMALS_ARITHMETIC_H
+#define ZELDT_PLATFORM_DECIMALS_ARITHMETIC_H
+
+/// Arithmetic on decimal numbers with any magnitude below 2^96 and any places. Nothing wraps and
+/// nothing takes longer for extreme places. Private to the library.
+///
+/// Each operation sets `result` unless it returns Overflow or DivisionByZero.
+
+#include "platform/decimals/fitting.h"
+
+namespace zeldec {
+
+Status Add(const Number& a, const Number& b, Number& result);
+Status Multiply(const Number& a, const Number& b, Number& result);
+Status Divide(const Number& a, const Number& b, Number& result);
+Status Remainder(const Number& a, const Number& b, Number& result);
+
+/// `base` to the power of `exponent`, by repeated squaring of fitted products.
+Status Power(const Number& base, int exponent, Number& result);
+
+/// Negative, 0 or positive.
+int Compare(const Number& a, const Number& b);
+
+/// The number with at most `places` places; also negative ones. Never Inexact.
+Status Round(const Number& number, int places, Rounding method, Number& result);
+
+/// The whole number; the nearest limit outside 32 bits.
+std::int32_t ToInt32(const Number& number, Rounding method);
+
+} // namespace zeldec
+
+#endif

@@ -1,0 +1,30 @@
+#ifndef ZELDT_PLATFORM_DECIMALS_DECIMALTEXT_H
+#define ZELDT_PLATFORM_DECIMALS_DECIMALTEXT_H
+
+/// Decimal numbers as texts. Private to the library.
+
+#include "platform/decimals/fitting.h"
+
+#include <cstddef>
+
+namespace zeldec {
+
+enum class ParseStatus {
+    Ok,
+    Inexact,  ///< the text has more digits than a number; it is rounded
+    Overflow, ///< more than 28 digits before the point
+    NoNumber, ///< something else than an optional sign, digits and an optional point
+};
+
+/// Reads [`first`, `last`). `result` is set when the status is Ok or Inexact.
+ParseStatus Parse(const char* first, const char* last, Number& result);
+
+/// The length of the text of a number.
+std::size_t TextLength(const Number& number);
+
+/// Writes the text of a number, without a NUL; there must be room for its length.
+void Print(const Number& number, char* out);
+
+} // namespace zeldec
+
+#endif

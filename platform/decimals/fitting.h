@@ -1,0 +1,34 @@
+#ifndef ZELDT_PLATFORM_DECIMALS_FITTING_H
+#define ZELDT_PLATFORM_DECIMALS_FITTING_H
+
+/// Making exact results as short as results may be. Private to the library.
+
+#include "platform/decimals/number.h"
+#include "platform/decimals/powersoften.h"
+
+namespace zeldec {
+
+enum class Rounding { Nearest, AwayFromZero, TowardZero };
+
+inline constexpr uint128 kLargestMagnitude = Power128(kMostDigits) - 1;
+
+/// An exact magnitude with its places.
+struct Exact {
+    Wide magnitude;
+    std::int64_t places;
+    bool negative;
+    bool cut = false; ///< there is something behind the last digit, less than one unit of it
+};
+
+/// The magnitude without its last `drop` digits, rounded; at most one digit more than it has may
+/// be dropped, and the result must be below 2^96. `inexact` is set when a digit dropped is not 0,
+/// and counts as such a digit when it is set already.
+uint128 Shortened(Wide magnitude, int drop, Rounding method, bool& inexact);
+
+/// The number of at most 28 digits and `mostPlaces` places that is nearest to the exact one, ties
+/// away from zero. Overflow when that leaves more than 28 digits in front of the point.
+Status Fit(const Exact& exact, int mostPlaces, Number& result);
+
+} // namespace zeldec
+
+#endif

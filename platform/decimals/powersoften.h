@@ -1,0 +1,125 @@
+#ifndef ZELDT_PLATFORM_DECIMALS_POWERSOFTEN_H
+#define ZELDT_PLATFORM_DECIMALS_POWERSOFTEN_H
+
+/// Powers of ten, and what counting digits and dividing by them needs. Private to the library.
+
+#include "platform/decimals/wide.h"
+
+#include <array>
+#include <cstddef>
+
+namespace zeldec {
+
+/// 10^0 to 10^19.
+inline constexpr auto kPowers64 = [] {
+    std::array<std::uint64_t, 20> powers{1};
+    for (std::size_t i = 1; i < powers.size(); ++i)
+        powers[i] = powers[i - 1] * 10;
+    return powers;
+}();
+
+/// 10^0 to 10^77, every power of 256 bits.
+inline constexpr auto kPowers = [] {
+    std::array<Wide, 78> powers{ToWide(1)};
+    for (std::size_t i = 1; i < powers.size(); ++i)
+        powers[i] = Product(10, powers[i - 1]);
+    return powers;
+}();
+
+/// The largest power of ten of 128 bits, and of 64 bits.
+inline constexpr int kLargestPower128 = 38;
+inline constexpr int kLargestPower64 = 19;
+
+/// 10^exponent, exponent 0 to 38.
+constexpr uint128 Power128(int exponent)
+{
+    return kPowers[static_cast<std::size_t>(exponent)].Low();
+}
+
+static_assert(kPowers64[19] == 10000000000000000000U);
+static_assert(Power128(38) / Power128(19) == kPowers64[19]);
+static_assert(BitLength(kPowers[77]) == 256);
+
+/// The digits of a number without its leading zeros; 0 has none.
+template <typename Number>
+constexpr int CountDigits(const Number& number)
+{
+    // 1233/4096 is log10(2), near enough for 256 bits; it tells all digits but the last.
+    const int atLeast = BitLength(number) * 1233 >> 12;
+    if constexpr (sizeof(Number) == sizeof(Wide))
+        return atLeast + (Compare(number, kPowers[static_cast<std::size_t>(atLeast)]) >= 0 ? 1 : 0);
+    else
+        return atLeast + (number >= Power128(atLeast) ? 1 : 0);
+}
+
+constexpr bool DigitsAreCounted()
+{
+    for (std::size_t i = 0; i < kPowers.size(); ++i) {
+        const int digits = static_cast<int>(i);
+        const Wide below = Difference(kPowers[i], ToWide(1));
+        if (CountDigits(kPowers[i]) != digits + 1 || CountDigits(below) != digits)
+            return false;
+        if (digits <= kLargestPower128 && CountDigits(below.Low()) != digits)
+            return false;
+    }
+    return true;
+}
+static_assert(DigitsAreCounted());
+
+/// How to divide by a power of ten D of L bits: the reciprocal is 2^(L - 1 + 97) / D, rounded down.
+struct PowerDivisor {
+    uint128 reciprocal;
+    unsigned shift; ///< L - 1
+};
+
+inline constexpr unsigned kReciprocalBits = 97;
+
+/// Divisions by a reciprocal leave less than three times the power, which must fit 128 bits.
+inline constexpr int kLargestDivisor = 37;
+
+inline constexpr auto kDivisors = [] {
+    std::array<PowerDivisor, kLargestDivisor + 1> divisors{};
+    for (int i = 0; i <= kLargestDivisor; ++i) {
+        const uint128 power = Power128(i);
+        const auto shift = static_cast<unsigned>(BitLength(power) - 1);
+        // Long division, bit by bit: 2^shift is not above the power.
+        uint128 remainder = uint128{1} << shift;
+        uint128 quotient = remainder == power ? 1 : 0;
+        remainder -= quotient != 0 ? power : 0;
+        for (unsigned bit = 0; bit < kReciprocalBits; ++bit) {
+            remainder <<= 1;
+            quotient <<= 1;
+            if (remainder >= power) {
+                remainder -= power;
+                quotient |= 1;
+            }
+        }
+        divisors[static_cast<std::size_t>(i)] = {quotient, shift};
+    }
+    return divisors;
+}();
+
+struct Quotient128 {
+    uint128 quotient;
+    uint128 remainder;
+};
+
+/// Divides by 10^exponent, exponent 0 to 37; the quotient must be below 2^96.
+constexpr Quotient128 DividedByPower(const Wide& number, int exponent)
+{
+    const PowerDivisor& divisor = kDivisors[static_cast<std::size_t>(exponent)];
+    const uint128 power = Power128(exponent);
+    const uint128 head = ShiftedRight(number, divisor.shift);
+    // At most 2 too small: the bits shifted out and the reciprocal's error cost less than 1 each.
+    uint128 quotient = ShiftedRight(Product(head, divisor.reciprocal), kReciprocalBits);
+    uint128 remainder = number.Low() - quotient * power;
+    while (remainder >= power) {
+        remainder -= power;
+        ++quotient;
+    }
+    return {quotient, remainder};
+}
+
+} // namespace zeldec
+
+#endif

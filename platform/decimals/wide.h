@@ -1,0 +1,140 @@
+#ifndef ZELDT_PLATFORM_DECIMALS_WIDE_H
+#define ZELDT_PLATFORM_DECIMALS_WIDE_H
+
+/// Whole numbers of 128 and 256 bits. Private to the library.
+
+#include <bit>
+#include <cstdint>
+
+namespace zeldec {
+
+__extension__ typedef unsigned __int128 uint128;
+
+constexpr std::uint64_t LowHalf(uint128 number)
+{
+    return static_cast<std::uint64_t>(number);
+}
+
+constexpr std::uint64_t HighHalf(uint128 number)
+{
+    return static_cast<std::uint64_t>(number >> 64);
+}
+
+constexpr uint128 Joined(std::uint64_t high, std::uint64_t low)
+{
+    return uint128{high} << 64 | low;
+}
+
+/// 256 bits, least significant limb first.
+struct Wide {
+    std::uint64_t limb[4];
+
+    constexpr uint128 Low() const { return Joined(limb[1], limb[0]); }
+    constexpr uint128 High() const { return Joined(limb[3], limb[2]); }
+};
+
+constexpr Wide ToWide(uint128 low, uint128 high = 0)
+{
+    return {{LowHalf(low), HighHalf(low), LowHalf(high), HighHalf(high)}};
+}
+
+constexpr bool Fits128(const Wide& a)
+{
+    return (a.limb[2] | a.limb[3]) == 0;
+}
+
+/// Negative, 0 or positive.
+constexpr int Compare(const Wide& a, const Wide& b)
+{
+    if (a.High() != b.High())
+        return a.High() < b.High() ? -1 : 1;
+    if (a.Low() != b.Low())
+        return a.Low() < b.Low() ? -1 : 1;
+    return 0;
+}
+
+/// The sum, which must fit.
+constexpr Wide Sum(const Wide& a, const Wide& b)
+{
+    const uint128 low = a.Low() + b.Low();
+    return ToWide(low, a.High() + b.High() + (low < a.Low() ? 1 : 0));
+}
+
+/// The difference; `b` must not be the larger one.
+constexpr Wide Difference(const Wide& a, const Wide& b)
+{
+    return ToWide(a.Low() - b.Low(), a.High() - b.High() - (a.Low() < b.Low() ? 1 : 0));
+}
+
+constexpr Wide Product(uint128 a, uint128 b)
+{
+    const uint128 low = uint128{LowHalf(a)} * LowHalf(b);
+    const uint128 cross1 = uint128{LowHalf(a)} * HighHalf(b) + HighHalf(low);
+    const uint128 cross2 = uint128{HighHalf(a)} * LowHalf(b) + LowHalf(cross1);
+    const uint128 high = uint128{HighHalf(a)} * HighHalf(b) + HighHalf(cross1) + HighHalf(cross2);
+    return ToWide(Joined(LowHalf(cross2), LowHalf(low)), high);
+}
+
+/// The product, which must fit.
+constexpr Wide Product(uint128 a, const Wide& b)
+{
+    const Wide low = Product(a, b.Low());
+    const uint128 high = a * b.High();
+    return ToWide(low.Low(), low.High() + high);
+}
+
+constexpr int BitLength(uint128 number)
+{
+    return HighHalf(number) != 0 ? 128 - std::countl_zero(HighHalf(number))
+                                 : 64 - std::countl_zero(LowHalf(number));
+}
+
+constexpr int BitLength(const Wide& number)
+{
+    return number.High() != 0 ? 128 + BitLength(number.High()) : BitLength(number.Low());
+}
+
+/// The low 128 bits of the number shifted right by 0 to 255 bits.
+constexpr uint128 ShiftedRight(const Wide& number, unsigned bits)
+{
+    if (bits >= 128)
+        return number.High() >> (bits - 128);
+    return bits == 0 ? number.Low() : number.Low() >> bits | number.High() << (128 - bits);
+}
+
+struct Quotient64 {
+    std::uint64_t quotient;
+    std::uint64_t remainder;
+};
+
+/// Divides 128 bits by 64; `high` must be below the divisor.
+inline Quotient64 Divided(std::uint64_t high, std::uint64_t low, std::uint64_t divisor)
+{
+#if defined(__x86_64__)
+    Quotient64 result;
+    __asm__("divq %4"
+            : "=a"(result.quotient), "=d"(result.remainder)
+            : "a"(low), "d"(high), "r"(divisor)
+            : "cc");
+    return result;
+#else
+    const uint128 dividend = Joined(high, low);
+    return {LowHalf(dividend / divisor), LowHalf(dividend % divisor)};
+#endif
+}
+
+/// Divides the number by 64 bits in place and returns the remainder.
+inline std::uint64_t DivideBy(Wide& number, std::uint64_t divisor)
+{
+    std::uint64_t remainder = 0;
+    for (int i = 3; i >= 0; --i) {
+        const Quotient64 step = Divided(remainder, number.limb[i], divisor);
+        number.limb[i] = step.quotient;
+        remainder = step.remainder;
+    }
+    return remainder;
+}
+
+} // namespace zeldec
+
+#endif
