@@ -10,14 +10,16 @@
 #include <cstring>
 #include <limits>
 
+using zeldec::int128;
 using zeldec::Number;
 using zeldec::Status;
 using zeldec::uint128;
 
 /// The words of a number as the core takes them. Most numbers fit 64 bits: these have ways of their
-/// own, written here so that nothing stands between a call and its few instructions.
+/// own, written here so that nothing stands between a call and its few instructions. Words are
+/// written as wide as they are read again, or the processor would have to wait for them.
 struct RWDecimal96Access {
-    using State = RWDecimalBase::State;
+    static_assert(std::endian::native == std::endian::little);
 
     static bool IsNull(const RWDecimal96& a, const RWDecimal96& b)
     {
@@ -47,32 +49,51 @@ struct RWDecimal96Access {
 
     static bool IsNegative(const RWDecimal96& number) { return number.m_mantissa.high < 0; }
 
+    static int128 Mantissa(const RWDecimal96& number)
+    {
+        return static_cast<int128>(zeldec::Joined(
+            static_cast<std::uint64_t>(std::int64_t{number.m_mantissa.high}), LowWords(number)));
+    }
+
     static Number Load(const RWDecimal96& number)
     {
-        const uint128 mantissa = zeldec::Joined(
-            static_cast<std::uint64_t>(std::int64_t{number.m_mantissa.high}), LowWords(number));
+        const auto mantissa = static_cast<uint128>(Mantissa(number));
         const bool negative = IsNegative(number);
         return {negative ? -mantissa : mantissa, number.m_exponent, negative};
     }
 
     static RWDecimal96 MakeShort(std::int64_t mantissa, std::int32_t places)
     {
-        return Make(static_cast<std::uint64_t>(mantissa), static_cast<std::int32_t>(mantissa >> 63),
+        return Make(static_cast<std::uint64_t>(mantissa),
+                    static_cast<std::uint32_t>(mantissa >> 63), places);
+    }
+
+    static RWDecimal96 Make(int128 mantissa, std::int32_t places)
+    {
+        const auto bits = static_cast<uint128>(mantissa);
+        return Make(zeldec::LowHalf(bits), static_cast<std::uint32_t>(zeldec::HighHalf(bits)),
                     places);
     }
 
     static RWDecimal96 Make(const Number& number)
     {
-        const uint128 mantissa = number.negative ? -number.magnitude : number.magnitude;
-        return Make(zeldec::LowHalf(mantissa),
-                    static_cast<std::int32_t>(zeldec::HighHalf(mantissa)),
+        const auto magnitude = static_cast<int128>(number.magnitude);
+        return Make(number.negative ? -magnitude : magnitude,
                     static_cast<std::int32_t>(number.places));
     }
 
-    static RWDecimal96 Make(std::uint64_t low, std::int32_t high, std::int32_t places)
+private:
+    static RWDecimal96 Make(std::uint64_t low, std::uint32_t high, std::int32_t places)
     {
-        return {int96{high, static_cast<std::uint32_t>(low >> 32), static_cast<std::uint32_t>(low)},
-                places, RWDecimalBase::NormalState};
+        struct {
+            std::uint64_t stateAndHigh;
+            std::uint64_t middleAndLow;
+            std::int32_t places;
+        } const words = {std::uint64_t{high} << 32 | RWDecimalBase::NormalState, std::rotl(low, 32),
+                         places};
+        RWDecimal96 number;
+        std::memcpy(static_cast<void*>(&number), &words, sizeof number);
+        return number;
     }
 };
 
@@ -145,13 +166,17 @@ template <Status (*operation)(const Number&, const Number&, Number&)>
     return Computed(operation, Access::Load(a), Access::Load(b));
 }
 
-[[gnu::noinline]] RWDecimal96 SubtractedLong(const RWDecimal96& a, const RWDecimal96& b)
+/// Whether results may have so many places.
+bool MayHave(std::int32_t places)
 {
-    if (Access::IsNull(a, b))
-        return {};
-    Number subtrahend = Access::Load(b);
-    subtrahend.negative = !subtrahend.negative;
-    return Computed(zeldec::Add, Access::Load(a), subtrahend);
+    return static_cast<std::uint32_t>(places) <= std::uint32_t{zeldec::kMostPlaces};
+}
+
+/// Whether a mantissa has no more digits than results may have.
+bool IsFit(int128 mantissa)
+{
+    constexpr auto kLargest = static_cast<int128>(zeldec::kLargestMagnitude);
+    return mantissa >= -kLargest && mantissa <= kLargest;
 }
 
 bool AreShort(const RWDecimal96& a, const RWDecimal96& b)
@@ -159,54 +184,87 @@ bool AreShort(const RWDecimal96& a, const RWDecimal96& b)
     return !Access::IsNull(a, b) && Access::IsShort(a) && Access::IsShort(b);
 }
 
-/// Whether results may have so many places.
-bool MayHave(std::int32_t places)
-{
-    return static_cast<std::uint32_t>(places) <= std::uint32_t{zeldec::kMostPlaces};
-}
-
-/// The mantissas of two short numbers at the same places.
+/// The mantissas of two numbers at the same places.
 struct Aligned {
-    std::int64_t a;
-    std::int64_t b;
+    int128 a;
+    int128 b;
     std::int32_t places;
 };
 
-/// Brings two numbers to the larger number of places; false if that takes more than 64 bits.
-bool Align(const RWDecimal96& a, const RWDecimal96& b, Aligned& aligned)
+/// Brings two numbers to the larger number of places; false if that may take more than 128 bits.
+[[gnu::always_inline]] inline bool Align(const RWDecimal96& a, const RWDecimal96& b,
+                                         Aligned& aligned)
 {
-    if (!AreShort(a, b))
-        return false;
-    aligned = {Access::Short(a), Access::Short(b), Access::Places(a)};
-    if (Access::Places(a) == Access::Places(b))
-        return true;
+    constexpr std::int64_t kMostScaled = 18;
+    aligned = {Access::Mantissa(a), Access::Mantissa(b), Access::Places(a)};
     const std::int64_t gap = std::int64_t{Access::Places(a)} - Access::Places(b);
-    constexpr int kMostScaled = 18;
-    if (gap > 0) {
-        return gap <= kMostScaled &&
-               !__builtin_mul_overflow(
-                   aligned.b, static_cast<std::int64_t>(zeldec::kPowers64[std::size_t(gap)]),
-                   &aligned.b);
-    }
-    aligned.places = Access::Places(b);
-    return -gap <= kMostScaled &&
-           !__builtin_mul_overflow(aligned.a,
-                                   static_cast<std::int64_t>(zeldec::kPowers64[std::size_t(-gap)]),
-                                   &aligned.a);
+    if (gap == 0)
+        return true;
+    const bool isFiner = gap > 0;
+    const auto distance = static_cast<std::size_t>(isFiner ? gap : -gap);
+    if (distance > kMostScaled || !Access::IsShort(isFiner ? b : a))
+        return false;
+    (isFiner ? aligned.b : aligned.a) *= zeldec::kPowers64[distance];
+    aligned.places = isFiner ? Access::Places(a) : Access::Places(b);
+    return true;
 }
 
-[[gnu::noinline]] int CompareLong(const RWDecimal96& a, const RWDecimal96& b)
+struct Plus {
+    static bool Wraps(std::int64_t a, std::int64_t b, std::int64_t& sum)
+    {
+        return __builtin_add_overflow(a, b, &sum);
+    }
+    static int128 Of(int128 a, int128 b) { return a + b; }
+    static bool IsNegative(const Number& right) { return right.negative; }
+};
+
+struct Minus {
+    static bool Wraps(std::int64_t a, std::int64_t b, std::int64_t& difference)
+    {
+        return __builtin_sub_overflow(a, b, &difference);
+    }
+    static int128 Of(int128 a, int128 b) { return a - b; }
+    static bool IsNegative(const Number& right) { return !right.negative; }
+};
+
+template <typename Kind>
+[[gnu::noinline]] RWDecimal96 SumLong(const RWDecimal96& a, const RWDecimal96& b)
+{
+    if (Access::IsNull(a, b))
+        return {};
+    Aligned aligned{};
+    if (Align(a, b, aligned) && MayHave(aligned.places)) {
+        const int128 sum = Kind::Of(aligned.a, aligned.b);
+        if (IsFit(sum))
+            return Access::Make(sum, aligned.places);
+    }
+    Number right = Access::Load(b);
+    right.negative = Kind::IsNegative(right);
+    return Computed(zeldec::Add, Access::Load(a), right);
+}
+
+template <typename Kind>
+[[gnu::always_inline]] inline RWDecimal96 SumOf(const RWDecimal96& a, const RWDecimal96& b)
+{
+    std::int64_t sum = 0;
+    if (Access::Places(a) == Access::Places(b) && MayHave(Access::Places(a)) && AreShort(a, b) &&
+        !Kind::Wraps(Access::Short(a), Access::Short(b), sum))
+        return Access::MakeShort(sum, Access::Places(a));
+    return SumLong<Kind>(a, b);
+}
+
+[[gnu::noinline]] int OrderLong(const RWDecimal96& a, const RWDecimal96& b)
 {
     return zeldec::Compare(Access::Load(a), Access::Load(b));
 }
 
 /// Negative, 0 or positive; the numbers must not be null.
-int Order(const RWDecimal96& a, const RWDecimal96& b)
+[[gnu::always_inline]] inline int Order(const RWDecimal96& a, const RWDecimal96& b)
 {
     Aligned aligned{};
     if (Align(a, b, aligned))
         return (aligned.a > aligned.b) - (aligned.a < aligned.b);
-    return CompareLong(a, b);
+    return OrderLong(a, b);
 }
 
 zeldec::Rounding RoundingOf(RWDecimalBase::RoundingMethod method)
@@ -282,22 +340,12 @@ RWDecimal96 RWDecimal96::from(double number)
 
 RWDecimal96 operator+(const RWDecimal96& a, const RWDecimal96& b)
 {
-    Aligned aligned{};
-    std::int64_t sum = 0;
-    if (Align(a, b, aligned) && MayHave(aligned.places) &&
-        !__builtin_add_overflow(aligned.a, aligned.b, &sum))
-        return Access::MakeShort(sum, aligned.places);
-    return ComputedLong<zeldec::Add>(a, b);
+    return SumOf<Plus>(a, b);
 }
 
 RWDecimal96 operator-(const RWDecimal96& a, const RWDecimal96& b)
 {
-    Aligned aligned{};
-    std::int64_t difference = 0;
-    if (Align(a, b, aligned) && MayHave(aligned.places) &&
-        !__builtin_sub_overflow(aligned.a, aligned.b, &difference))
-        return Access::MakeShort(difference, aligned.places);
-    return SubtractedLong(a, b);
+    return SumOf<Minus>(a, b);
 }
 
 RWDecimal96 operator*(const RWDecimal96& a, const RWDecimal96& b)
@@ -396,14 +444,11 @@ long double toDouble(const RWDecimal96& number)
 
 std::size_t RWDecimal96::print(char* buffer, std::size_t room) const
 {
-    const Number number = isNull() ? Number{0, 0, false} : Access::Load(*this);
-    const std::size_t length = isNull() ? 0 : zeldec::TextLength(number);
-    if (length >= room)
-        return length;
-    if (length != 0)
-        zeldec::Print(number, buffer);
-    buffer[length] = '\0';
-    return length;
+    if (!isNull())
+        return zeldec::Print(Access::Load(*this), buffer, room);
+    if (room != 0)
+        buffer[0] = '\0';
+    return 0;
 }
 
 RWCString toString(const RWDecimal96& number)

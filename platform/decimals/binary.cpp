@@ -95,8 +95,7 @@ double ToDouble(const Number& number)
     Number whole = number;
     whole.places = 0;
     whole.negative = false;
-    Print(whole, text);
-    char* p = text + TextLength(whole);
+    char* p = text + Print(whole, text, sizeof text);
     *p++ = 'e';
     p = std::to_chars(p, text + sizeof text, -number.places).ptr;
     double magnitude = 0;

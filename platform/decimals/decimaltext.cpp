@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <string_view>
 
 namespace zeldec {
 
@@ -19,62 +20,105 @@ constexpr unsigned DigitOf(char c)
     return static_cast<unsigned char>(c - '0');
 }
 
-/// The digits of a text as they stand: [first, point) and (point, last).
+/// The digits of a text, without the zeros in front of the first other digit. The whole ones and
+/// the decimals are counted as they stand.
 struct DigitText {
-    const char* first;
-    const char* point; ///< `last` without a point
-    const char* last;
+    std::string_view whole;
+    std::string_view decimals;
+    std::int64_t places;
 
-    std::int64_t Places() const { return point == last ? 0 : last - point - 1; }
-    std::int64_t Digits() const { return last - first - (point == last ? 0 : 1); }
+    std::int64_t Count() const { return static_cast<std::int64_t>(whole.size() + decimals.size()); }
+
+    char operator[](std::int64_t index) const
+    {
+        const auto i = static_cast<std::size_t>(index);
+        return i < whole.size() ? whole[i] : decimals[i - whole.size()];
+    }
+
+    /// Whether only zeros follow from the index on.
+    bool EndsWithZeros(std::int64_t index) const
+    {
+        const auto i = static_cast<std::size_t>(index);
+        const std::size_t inDecimals = i < whole.size() ? 0 : i - whole.size();
+        return whole.find_first_not_of('0', i) == std::string_view::npos &&
+               decimals.find_first_not_of('0', inDecimals) == std::string_view::npos;
+    }
 };
 
-/// Finds the point; false when there is anything but digits and one point, or no digit.
-bool Scan(const char* first, const char* last, DigitText& text)
+std::string_view WithoutLeadingZeros(std::string_view digits)
 {
-    text = {first, last, last};
-    for (const char* p = first; p != last; ++p) {
-        if (IsDigit(*p))
+    return digits.substr(std::min(digits.find_first_not_of('0'), digits.size()));
+}
+
+/// Finds the digits; false when there is anything but digits and one point, or no digit.
+bool Scan(std::string_view text, DigitText& digits)
+{
+    std::size_t point = std::string_view::npos;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (IsDigit(text[i]))
             continue;
-        if (*p != '.' || text.point != last)
+        if (text[i] != '.' || point != std::string_view::npos)
             return false;
-        text.point = p;
+        point = i;
     }
-    return text.Digits() > 0;
+    const bool hasPoint = point != std::string_view::npos;
+    digits.whole = WithoutLeadingZeros(text.substr(0, point));
+    digits.decimals = hasPoint ? text.substr(point + 1) : std::string_view();
+    digits.places = static_cast<std::int64_t>(digits.decimals.size());
+    if (digits.whole.empty())
+        digits.decimals = WithoutLeadingZeros(digits.decimals);
+    return text.size() > (hasPoint ? 1 : 0);
+}
+
+/// The value of eight characters that are digits.
+std::uint32_t ValueOfEight(const char* text)
+{
+    // Pairs, then fours, then all, each step done for all parts at once.
+    std::uint64_t word = 0;
+    std::memcpy(&word, text, sizeof word);
+    word = (word & 0x0F0F0F0F0F0F0F0FU) * 2561 >> 8;
+    word = (word & 0x00FF00FF00FF00FFU) * 6553601 >> 16;
+    word = (word & 0x0000FFFF0000FFFFU) * 42949672960001U >> 32;
+    return static_cast<std::uint32_t>(word);
+}
+
+/// The value of up to 28 digits, given in two pieces.
+uint128 ValueOf(std::string_view first, std::string_view second)
+{
+    constexpr std::size_t kRoom = 32;
+    char padded[kRoom];
+    std::memset(padded, '0', kRoom);
+    std::memcpy(padded + kRoom - second.size(), second.data(), second.size());
+    std::memcpy(padded + kRoom - second.size() - first.size(), first.data(), first.size());
+    const std::uint64_t high =
+        std::uint64_t{ValueOfEight(padded)} * kPowers64[8] + ValueOfEight(padded + 8);
+    const std::uint64_t low =
+        std::uint64_t{ValueOfEight(padded + 16)} * kPowers64[8] + ValueOfEight(padded + 24);
+    return uint128{high} * kPowers64[16] + low;
 }
 
 /// The number of a text of more digits than 64 bits hold: the first ones that a number may have,
 /// rounded by the next.
 ParseStatus ParseLong(const DigitText& text, bool negative, Number& result)
 {
-    const char* p = text.first;
-    std::int64_t digits = text.Digits();
-    while (p != text.last && (*p == '0' || *p == '.')) {
-        digits -= *p == '0' ? 1 : 0;
-        ++p;
-    }
+    const std::int64_t count = text.Count();
     const int mostPlaces = negative ? kMostPlaces : kMostPlacesRead;
     const std::int64_t excess =
-        std::max<std::int64_t>({digits - kMostDigits, text.Places() - mostPlaces, 0});
-    if (digits > 0 && excess > text.Places())
+        std::max<std::int64_t>({count - kMostDigits, text.places - mostPlaces, 0});
+    if (count > 0 && excess > text.places)
         return ParseStatus::Overflow;
-    uint128 magnitude = 0;
-    unsigned next = 0;
+    const std::int64_t kept = std::max<std::int64_t>(count - excess, 0);
+    const auto wholeKept = std::min(text.whole.size(), static_cast<std::size_t>(kept));
+    uint128 magnitude =
+        ValueOf(text.whole.substr(0, wholeKept),
+                text.decimals.substr(0, static_cast<std::size_t>(kept) - wholeKept));
     bool inexact = false;
-    for (std::int64_t place = digits; p != text.last; ++p) {
-        if (*p == '.')
-            continue;
-        if (place > excess)
-            magnitude = magnitude * 10 + DigitOf(*p);
-        else if (place == excess)
-            next = DigitOf(*p);
-        inexact |= place <= excess && *p != '0';
-        --place;
+    if (kept < count) {
+        inexact = !text.EndsWithZeros(kept);
+        magnitude += count >= excess && text[kept] >= '5' ? 1 : 0;
     }
-    if (next >= 5)
-        ++magnitude;
     const Status status =
-        Fit({ToWide(magnitude), text.Places() - excess, negative, inexact}, mostPlaces, result);
+        Fit({ToWide(magnitude), text.places - excess, negative, inexact}, mostPlaces, result);
     return status == Status::Overflow  ? ParseStatus::Overflow
            : status == Status::Inexact ? ParseStatus::Inexact
                                        : ParseStatus::Ok;
@@ -94,26 +138,23 @@ std::uint64_t EightDigits(std::uint32_t number)
 /// All digits of a number, zeros in front, at the end of 40 bytes.
 struct PrintedDigits {
     static constexpr std::size_t kRoom = 40;
+    /// Behind the digits, so that copies of fixed length may read on.
+    static constexpr std::size_t kBehind = 32;
 
     explicit PrintedDigits(uint128 magnitude)
     {
         constexpr std::uint64_t kChunk = kPowers64[8];
         constexpr std::uint64_t kTwoChunks = kPowers64[16];
+        std::memset(text, '0', kRoom);
         std::uint64_t low = LowHalf(magnitude);
-        std::uint64_t high = 0;
-        if (HighHalf(magnitude) != 0) {
-            const auto [upper, lower] = DividedByPower(ToWide(magnitude), 16);
-            high = LowHalf(upper);
-            low = LowHalf(lower);
-        } else if (low >= kTwoChunks) {
-            high = low / kTwoChunks;
-            low %= kTwoChunks;
+        if (HighHalf(magnitude) != 0 || low >= kTwoChunks) {
+            const auto [high, rest] = DividedByPower(ToWide(magnitude), 16);
+            low = LowHalf(rest);
+            Put(16, LowHalf(high) % kChunk);
+            Put(8, LowHalf(high) / kChunk);
         }
         Put(32, low % kChunk);
         Put(24, low / kChunk);
-        Put(16, high % kChunk);
-        Put(8, high / kChunk);
-        Put(0, 0);
     }
 
     void Put(std::size_t position, std::uint64_t number)
@@ -124,7 +165,7 @@ struct PrintedDigits {
 
     const char* End() const { return text + kRoom; }
 
-    char text[kRoom];
+    char text[kRoom + kBehind];
 };
 
 } // namespace
@@ -153,14 +194,16 @@ ParseStatus Parse(const char* first, const char* last, Number& result)
         return ParseStatus::Ok;
     }
     DigitText text{};
-    if (!Scan(first, last, text))
+    if (!Scan({first, static_cast<std::size_t>(last - first)}, text))
         return ParseStatus::NoNumber;
     return ParseLong(text, negative, result);
 }
 
-std::size_t TextLength(const Number& number)
+namespace {
+
+/// The length of the text of a number of so many digits.
+std::size_t TextLength(const Number& number, std::int64_t digits)
 {
-    const std::int64_t digits = std::max(CountDigits(number.magnitude), 1);
     const std::size_t sign = number.negative ? 1 : 0;
     if (number.places > 0)
         return static_cast<std::size_t>(std::max(digits, number.places + 1)) + 1 + sign;
@@ -168,10 +211,24 @@ std::size_t TextLength(const Number& number)
     return static_cast<std::size_t>(digits + zeros) + sign;
 }
 
-void Print(const Number& number, char* out)
+/// Texts of this length and less are copied in one go, whatever their length.
+constexpr std::size_t kCopied = 32;
+
+/// Prints a number with more than 0 places and less than kCopied, in front of which there are
+/// digits that are not 0 or a single zero, in three copies of fixed length.
+void PrintShort(const PrintedDigits& digits, std::int64_t count, const Number& number, char* out)
 {
-    const PrintedDigits digits(number.magnitude);
-    const std::int64_t count = std::max(CountDigits(number.magnitude), 1);
+    const std::int64_t whole = std::max<std::int64_t>(count - number.places, 1);
+    const char* const fraction = digits.End() - number.places;
+    out[0] = '-';
+    out += number.negative ? 1 : 0;
+    std::memcpy(out, fraction - whole, kCopied);
+    out[whole] = '.';
+    std::memcpy(out + whole + 1, fraction, kCopied);
+}
+
+void PrintLong(const PrintedDigits& digits, std::int64_t count, const Number& number, char* out)
+{
     if (number.negative)
         *out++ = '-';
     const auto put = [&out](const char* from, std::int64_t length) {
@@ -196,6 +253,26 @@ void Print(const Number& number, char* out)
         putZeros(-whole);
         put(first, count);
     }
+}
+
+} // namespace
+
+std::size_t Print(const Number& number, char* out, std::size_t room)
+{
+    const int count = std::max(CountDigits(number.magnitude), 1);
+    const std::size_t length = TextLength(number, count);
+    if (length >= room)
+        return length;
+    const PrintedDigits digits(number.magnitude);
+    if (number.places > 0 && number.places < std::int64_t{kCopied}) {
+        char text[2 * kCopied + PrintedDigits::kRoom];
+        PrintShort(digits, count, number, text);
+        std::memcpy(out, text, length);
+    } else {
+        PrintLong(digits, count, number, out);
+    }
+    out[length] = '\0';
+    return length;
 }
 
 } // namespace zeldec

@@ -19,11 +19,9 @@ enum class ParseStatus {
 /// Reads [`first`, `last`). `result` is set when the status is Ok or Inexact.
 ParseStatus Parse(const char* first, const char* last, Number& result);
 
-/// The length of the text of a number.
-std::size_t TextLength(const Number& number);
-
-/// Writes the text of a number, without a NUL; there must be room for its length.
-void Print(const Number& number, char* out);
+/// Writes the text of a number and a NUL into `room` bytes and returns its length. A text without
+/// room is not written.
+std::size_t Print(const Number& number, char* out, std::size_t room);
 
 } // namespace zeldec
 

@@ -30,6 +30,21 @@ public:
         return DivideShort(HighHalf(dividend), LowHalf(dividend));
     }
 
+    /// Divides a dividend of up to 192 bits; the quotient must be below 2^96.
+    Quotient128 Divide(const Wide& dividend) const
+    {
+        if (m_shift == 0) {
+            const QuotientStep high = DivideShort(dividend.limb[2], dividend.limb[1]);
+            const QuotientStep low = DivideShort(LowHalf(high.remainder), dividend.limb[0]);
+            return {Joined(high.quotient, low.quotient), low.remainder};
+        }
+        const Wide shifted = ShiftedLeft(dividend, m_shift);
+        const QuotientStep high =
+            DivideStep(Joined(shifted.limb[3], shifted.limb[2]), shifted.limb[1]);
+        const QuotientStep low = DivideStep(high.remainder, shifted.limb[0]);
+        return {Joined(high.quotient, low.quotient), low.remainder >> m_shift};
+    }
+
     /// Divides a dividend of up to 96 bits; its quotient may have as many.
     uint128 Divide(uint128 dividend, uint128& remainder) const
     {
@@ -55,27 +70,34 @@ private:
         return {step.quotient, step.remainder};
     }
 
-    /// The divisor has more than 64 bits, the quotient at most 64: an estimate from the upper
-    /// words, then at most two corrections.
     QuotientStep DivideWide(const Wide& dividend) const
     {
-        const Wide shifted = Product(uint128{1} << m_shift, dividend);
+        const Wide shifted = ShiftedLeft(dividend, m_shift);
+        const QuotientStep step =
+            DivideStep(Joined(shifted.limb[2], shifted.limb[1]), shifted.limb[0]);
+        return {step.quotient, step.remainder >> m_shift};
+    }
+
+    /// Divides `high` and, behind it, `low` by the normalised divisor of 128 bits, which is above
+    /// `high`: an estimate from the upper words, then at most two corrections.
+    QuotientStep DivideStep(uint128 high, std::uint64_t low) const
+    {
         const std::uint64_t top = HighHalf(m_normalised);
         std::uint64_t quotient = ~std::uint64_t{0};
-        uint128 rest = uint128{shifted.limb[1]} + top;
-        if (shifted.limb[2] < top) {
-            const Quotient64 estimate = Divided(shifted.limb[2], shifted.limb[1], top);
+        uint128 rest = uint128{LowHalf(high)} + top;
+        if (HighHalf(high) < top) {
+            const Quotient64 estimate = Divided(HighHalf(high), LowHalf(high), top);
             quotient = estimate.quotient;
             rest = estimate.remainder;
         }
         uint128 product = uint128{quotient} * LowHalf(m_normalised);
-        while (HighHalf(rest) == 0 && product > Joined(LowHalf(rest), shifted.limb[0])) {
+        while (HighHalf(rest) == 0 && product > Joined(LowHalf(rest), low)) {
             --quotient;
             rest += top;
             product -= LowHalf(m_normalised);
         }
-        const uint128 remainder = shifted.Low() - uint128{quotient} * m_normalised;
-        return {quotient, remainder >> m_shift};
+        const uint128 remainder = Joined(LowHalf(high), low) - uint128{quotient} * m_normalised;
+        return {quotient, remainder};
     }
 
     uint128 m_divisor;
@@ -84,20 +106,29 @@ private:
 };
 
 /// Takes zeros off the end of a quotient as long as more than `least` places are left.
-void StripZeros(Exact& quotient, std::int64_t least)
+void StripZeros(uint128& quotient, std::int64_t& places, std::int64_t least)
 {
-    uint128 magnitude = quotient.magnitude.Low();
     for (const int step : {16, 8, 4, 2, 1}) {
+        // A multiple of 10^n has n zero bits at its end.
         const uint128 bits = (uint128{1} << step) - 1;
-        if (quotient.places - least < step || (magnitude & bits) != 0)
+        if (places - least < step || (quotient & bits) != 0)
             continue;
-        const auto [rest, dropped] = DividedByPower(ToWide(magnitude), step);
+        const auto [rest, dropped] = DividedByPower(ToWide(quotient), step);
         if (dropped != 0)
             continue;
-        magnitude = rest;
-        quotient.places -= step;
+        quotient = rest;
+        places -= step;
     }
-    quotient.magnitude = ToWide(magnitude);
+}
+
+/// The digits before the point of a quotient of whole numbers; 0 and less count the zeros behind
+/// it.
+int DigitsOfQuotient(uint128 dividend, uint128 divisor)
+{
+    const int digits = CountDigits(dividend) - CountDigits(divisor);
+    const uint128 a = dividend * Power128(std::max(-digits, 0));
+    const uint128 b = divisor * Power128(std::max(digits, 0));
+    return digits + (a >= b ? 1 : 0);
 }
 
 /// The product of two numbers below the divisor, modulo the divisor.
@@ -141,37 +172,39 @@ Status Divide(const Number& a, const Number& b, Number& result)
 {
     if (b.magnitude == 0)
         return Status::DivisionByZero;
-    const Divisor divisor(b.magnitude);
     const std::int64_t difference = a.places - b.places;
-    uint128 remainder = 0;
-    uint128 quotient = divisor.Divide(a.magnitude, remainder);
-    Exact exact = {ToWide(0), difference, a.negative != b.negative};
-    int digits = CountDigits(quotient);
-    while (remainder != 0) {
-        const auto room = std::min<std::int64_t>(kMostDigits - digits, kMostPlaces - exact.places);
-        if (room <= 0)
-            break;
-        const int step = static_cast<int>(std::min<std::int64_t>(room, kLargestPower64));
-        const std::uint64_t power = kPowers64[static_cast<std::size_t>(step)];
-        const QuotientStep next = divisor.Divide(remainder, power);
-        remainder = next.remainder;
-        quotient = quotient * power + next.quotient;
-        exact.places += step;
-        digits = CountDigits(quotient);
-    }
-    if (remainder == 0) {
-        exact.magnitude = ToWide(quotient);
-        StripZeros(exact, std::max<std::int64_t>(difference, 0));
+    if (a.magnitude == 0)
+        return Fit({ToWide(0), difference, false}, kMostPlaces, result);
+
+    // Exactly as many places as a result of 28 digits may have.
+    const std::int64_t wholeDigits = DigitsOfQuotient(a.magnitude, b.magnitude) - difference;
+    if (wholeDigits > kMostDigits)
+        return Status::Overflow;
+    Exact exact = {ToWide(0), std::min<std::int64_t>(kMostPlaces, kMostDigits - wholeDigits),
+                   a.negative != b.negative};
+    const Divisor divisor(b.magnitude);
+    if (exact.places < difference) {
+        // The dividend brings more places than that: they are rounded away.
+        uint128 rest = 0;
+        exact.magnitude = ToWide(divisor.Divide(a.magnitude, rest));
+        exact.places = difference;
+        exact.cut = rest != 0;
         return Fit(exact, kMostPlaces, result);
     }
-    // What is still too long loses digits when it is fitted, and what lies behind these does not
-    // matter then.
-    const bool isFull = digits <= kMostDigits && exact.places <= kMostPlaces;
-    if (isFull && remainder >= b.magnitude - remainder)
-        ++quotient;
-    exact.magnitude = ToWide(quotient);
-    exact.cut = true;
-    return Fit(exact, kMostPlaces, result);
+    const auto scale = static_cast<std::size_t>(exact.places - difference);
+    auto [quotient, rest] = divisor.Divide(Product(a.magnitude, kPowers[scale]));
+    if (rest == 0) {
+        StripZeros(quotient, exact.places, std::max<std::int64_t>(difference, 0));
+    } else {
+        quotient += rest >= b.magnitude - rest ? 1 : 0;
+        exact.cut = true;
+        if (quotient > kLargestMagnitude) {
+            exact.magnitude = ToWide(quotient);
+            return Fit(exact, kMostPlaces, result);
+        }
+    }
+    result = {quotient, exact.places, exact.negative && quotient != 0};
+    return exact.cut ? Status::Inexact : Status::Ok;
 }
 
 Status Remainder(const Number& a, const Number& b, Number& result)

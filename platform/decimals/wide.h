@@ -4,10 +4,12 @@
 /// Whole numbers of 128 and 256 bits. Private to the library.
 
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 
 namespace zeldec {
 
+__extension__ typedef __int128 int128;
 __extension__ typedef unsigned __int128 uint128;
 
 constexpr std::uint64_t LowHalf(uint128 number)
@@ -100,6 +102,15 @@ constexpr uint128 ShiftedRight(const Wide& number, unsigned bits)
     if (bits >= 128)
         return number.High() >> (bits - 128);
     return bits == 0 ? number.Low() : number.Low() >> bits | number.High() << (128 - bits);
+}
+
+/// The number shifted left by 1 to 63 bits; what goes over the top is lost.
+constexpr Wide ShiftedLeft(const Wide& number, unsigned bits)
+{
+    const auto limb = [&](std::size_t i) {
+        return number.limb[i] << bits | number.limb[i - 1] >> (64 - bits);
+    };
+    return {{number.limb[0] << bits, limb(1), limb(2), limb(3)}};
 }
 
 struct Quotient64 {
