@@ -6,7 +6,10 @@
 #include <ZELQRNDT017/foundation/DTBASIS.h>
 #include <ZELQRNDT017/foundation/DTEXCEP.h>
 #include <ZELQRNDT017/foundation/DT_IUTIL.h>
+#include <ZELQRNDT017/numeric/DTDECIMA.h>
+#include <ZELQRNDT017/numeric/DTDOUBLE.h>
 #include <ZELQRNDT017/numeric/DTLONG.h>
+#include <ZELQRNDT017/numeric/DTSHORT.h>
 #include <ZELQRNDT017/platform/formats/ZelFormat.h>
 #include <ZELQRNDT017/text/DTSTRING.h>
 

@@ -1,21 +1,17 @@
 #include "numeric/DTLONG.h"
 
-#include "foundation/DTCHECK.h"
-#include "foundation/DTFORMAT.h"
-#include "numeric/IMP/DTINTOPE.h"
+#include "numeric/DTSHORT.h"
+#include "numeric/IMP/DTINTREP.h"
 #include "numeric/IMP/DTLONGI.h"
-#include "text/DTSTRING.h"
 
 IMPLEMENT_SERIAL(ZelDtLong, ZelDtBasis, 1)
 
 namespace {
 
-using zeldt::ErrorNo;
 using zeldt::Guarded;
 using zeldt::Operation;
-using zeldt::Raise;
 
-using Operators = zeldt::IntegerOperators<zeldt::LongRules>;
+using Rep = zeldt::IntegerRep<zeldt::LongRules>;
 
 constexpr Operation Op(const char* signature)
 {
@@ -27,6 +23,7 @@ constexpr Operation kFromInt = Op("ZelDtLong(INT)");
 constexpr Operation kFromLong = Op("ZelDtLong(LONG)");
 constexpr Operation kFromText = Op("ZelDtLong(LPCTSTR)");
 constexpr Operation kFromString = Op("ZelDtLong(ZelDtString&)");
+constexpr Operation kFromShort = Op("ZelDtLong(ZelDtShort&)");
 constexpr Operation kCopy = Op("ZelDtLong(ZelDtLong&");
 constexpr Operation kAssignLong = Op("operator=(LONG)");
 constexpr Operation kAssign = Op("Assign(ZelDtBasis&)");
@@ -42,38 +39,8 @@ constexpr Operation kSetFromRecordSet = Op("SetFromRecordSet(CRecordset&,LONG&)"
 constexpr Operation kConvToRecordSet = Op("ConvToRecordSet(CRecordset&,LONG&)");
 constexpr Operation kSerialize = Op("Serialize(CArchive&)");
 
-constexpr unsigned short kExternVersion = 100;
-
-const ZelFormat& DefaultFormat()
-{
-    static const ZelFormat format(11, 0, ZelFormat::ZelFoDezimalOhne, ZelFormat::ZelFoTausenderOhne,
-                                  ZelFormat::ZelFoVorzeichenVorne, ZelFormat::ZelFoNurMinus, 0, '0',
-                                  0, '0');
-    return format;
-}
-
 /// Builds the default format while the library is being loaded.
-[[maybe_unused]] const ZelFormat& defaultFormatAtLoad = DefaultFormat();
-
-/// The number of a text that must not be null.
-std::int32_t NumberOf(const char* text)
-{
-    if (text == nullptr)
-        Raise(zeldt::LongRules::kFromText, ErrorNo::InitialValue);
-    return Operators::FromText(text);
-}
-
-std::int32_t NumberOf(const ZelDtString& text)
-{
-    const char* const first = text;
-    return Operators::FromText({first, static_cast<std::size_t>(text.GetLength())});
-}
-
-/// A number for a 32-bit value, or error 8 under the name of the operation.
-std::int32_t Checked(const Operation& operation, long number)
-{
-    return zeldt::NumberOrRaise(operation, zeldt::Narrowed<std::int32_t>(number));
-}
+[[maybe_unused]] const ZelFormat& defaultFormatAtLoad = Rep::DefaultFormat();
 
 } // namespace
 
@@ -90,24 +57,29 @@ ZelDtLong::ZelDtLong(int number)
 
 ZelDtLong::ZelDtLong(long number)
     : ZelDtBasis(1, ZelDtWmDefault),
-      m_pImp(Guarded(kFromLong, [=] { return new ZelDtLong_Imp(Operators::FromWide(number)); }))
+      m_pImp(Guarded(kFromLong, [=] { return new ZelDtLong_Imp(Rep::FromWide(number)); }))
 {}
 
 ZelDtLong::ZelDtLong(const char* text)
     : ZelDtBasis(1, ZelDtWmDefault),
-      m_pImp(Guarded(kFromText, [=] { return new ZelDtLong_Imp(NumberOf(text)); }))
+      m_pImp(Guarded(kFromText, [=] { return new ZelDtLong_Imp(Rep::FromText(text)); }))
 {}
 
 ZelDtLong::ZelDtLong(const ZelDtString& source)
     : ZelDtBasis(source), m_pImp(Guarded(kFromString, [&] {
-          return new ZelDtLong_Imp(source.IsDefined() ? NumberOf(source) : 0);
+          return new ZelDtLong_Imp(source.IsDefined() ? Rep::FromText(source) : 0);
+      }))
+{}
+
+ZelDtLong::ZelDtLong(const ZelDtShort& source)
+    : ZelDtBasis(source), m_pImp(Guarded(kFromShort, [&] {
+          return new ZelDtLong_Imp(source.IsDefined() ? static_cast<short>(source) : 0);
       }))
 {}
 
 ZelDtLong::ZelDtLong(const ZelDtLong& source)
-    : ZelDtBasis(source), m_pImp(Guarded(kCopy, [&] {
-          return new ZelDtLong_Imp(source.IsDefined() ? source.m_pImp->value : 0);
-      }))
+    : ZelDtBasis(source),
+      m_pImp(Guarded(kCopy, [&] { return new ZelDtLong_Imp(Rep::Copied(source)); }))
 {}
 
 ZelDtLong::~ZelDtLong()
@@ -121,7 +93,7 @@ ZelDtLong::~ZelDtLong()
 ZelDtLong& ZelDtLong::operator=(const ZelDtLong& source)
 {
     if (this != &source) {
-        Operators::Change(*this, source.m_pImp->value);
+        Rep::Change(*this, source.m_pImp->value);
         ZelDtBasis::operator=(source);
     }
     return *this;
@@ -129,21 +101,19 @@ ZelDtLong& ZelDtLong::operator=(const ZelDtLong& source)
 
 ZelDtLong& ZelDtLong::operator=(int number)
 {
-    Operators::Store(*this, number);
+    Rep::Store(*this, number);
     return *this;
 }
 
 ZelDtLong& ZelDtLong::operator=(long number)
 {
-    Operators::Store(*this, Checked(kAssignLong, number));
+    Rep::Store(*this, Rep::Checked(kAssignLong, number));
     return *this;
 }
 
 void ZelDtLong::Assign(const ZelDtBasis& source)
 {
-    if (!source.IsKindOf(RUNTIME_CLASS(ZelDtLong)))
-        Raise(kAssign, ErrorNo::DifferentTypes);
-    *this = static_cast<const ZelDtLong&>(source);
+    Rep::Assign(kAssign, *this, source);
 }
 
 ZelDtBasis* ZelDtLong::NewObject() const
@@ -160,7 +130,7 @@ ZelDtTyps ZelDtLong::GetDtTyp() const
 
 void ZelDtLong::Clear()
 {
-    Operators::Change(*this, 0);
+    Rep::Change(*this, 0);
     ZelDtBasis::Clear();
 }
 
@@ -168,8 +138,7 @@ void ZelDtLong::Clear()
 
 long ZelDtLong::GetValue() const
 {
-    zeldt::RequireReadable(kGetValue, *this);
-    return m_pImp->value;
+    return Rep::Readable(kGetValue, *this);
 }
 
 ZelDtLong::operator long() const
@@ -181,99 +150,51 @@ ZelDtLong::operator long() const
 
 ZelDtString ZelDtLong::ConvToSQL() const
 {
-    return Guarded(kConvToSQL,
-                   [&] { return IsDefined() ? ZelDtString(m_pImp->value) : ZelDtString("NULL"); });
+    return Rep::ToSQL(kConvToSQL, *this);
 }
 
 void ZelDtLong::SetFromSQL(long number)
 {
-    Operators::Store(*this, Checked(kSetFromSQL, number));
+    Rep::Store(*this, Rep::Checked(kSetFromSQL, number));
 }
 
 // Display
 
 CString ZelDtLong::ConvToOFL(const ZelFormat* format) const
 {
-    return Guarded(kConvToOFL, [&] {
-        CString shown;
-        if (IsDefined())
-            zeldt::ChooseFormat(format, GetFormat(), DefaultFormat())
-                .FormatLong(m_pImp->value, shown);
-        return shown;
-    });
+    return Rep::ToOFL(kConvToOFL, *this, format);
 }
 
 void ZelDtLong::SetFromOFL(const char* text, const ZelFormat* format)
 {
-    Guarded(kSetFromOFL, [&] {
-        if (text == nullptr || *text == '\0') {
-            Clear();
-            return;
-        }
-        std::int32_t number = m_pImp->value;
-        zeldt::ChooseFormat(format, GetFormat(), DefaultFormat()).ParseLong(text, &number);
-        Operators::Store(*this, number);
-    });
+    Rep::SetFromOFL(kSetFromOFL, *this, text, format);
 }
 
 // External text
 
 ZelDtString ZelDtLong::ConvToExtern(int& defined, unsigned short& version) const
 {
-    return Guarded(kConvToExtern, [&] {
-        ZelDtString text(m_pImp->value);
-        defined = IsDefined();
-        version = kExternVersion;
-        return text;
-    });
+    return Rep::ToExtern(kConvToExtern, *this, m_pImp->value, defined, version);
 }
 
 void ZelDtLong::SetFromExtern(const ZelDtString* text, int defined, unsigned short version)
 {
-    if (version != kExternVersion)
-        Raise(kSetFromExtern, ErrorNo::WrongVersion);
-    if (defined != 1 || text == nullptr) {
-        Clear();
-        return;
-    }
-    SetDefined(1);
-    if (!text->IsDefined())
-        Raise(kSetFromExtern, ErrorNo::InconsistentDefinedness);
-    Guarded(kSetFromExtern, [&] { Operators::Change(*this, NumberOf(*text)); });
+    Rep::SetFromExtern(kSetFromExtern, *this, text, defined, version);
 }
 
 // Record set and archive
 
 void ZelDtLong::SetFromRecordSet(CRecordset& rs, const long& field)
 {
-    if (!Guarded(kSetFromRecordSet, [&] { return rs.IsFieldNull(&field); }))
-        Operators::Store(*this, Checked(kSetFromRecordSet, field));
-    else
-        Clear();
+    Rep::SetFromRecordSet(kSetFromRecordSet, *this, rs, field);
 }
 
 void ZelDtLong::ConvToRecordSet(CRecordset& rs, long& field) const
 {
-    Guarded(kConvToRecordSet, [&] {
-        if (IsDefined())
-            field = m_pImp->value;
-        rs.SetFieldNull(&field, !IsDefined());
-    });
+    Rep::ToRecordSet(kConvToRecordSet, *this, rs, field);
 }
 
 void ZelDtLong::Serialize(CArchive& ar)
 {
-    Guarded(kSerialize, [&] {
-        if (ar.IsStoring()) {
-            ZelDtBasis::Serialize(ar);
-            ar << m_pImp->value;
-            return;
-        }
-        Rollback rollback(*this);
-        ZelDtBasis::Serialize(ar);
-        std::int32_t number = 0;
-        ar >> number;
-        rollback.Commit();
-        Operators::Change(*this, number);
-    });
+    Rep::Serialize(kSerialize, *this, ar);
 }

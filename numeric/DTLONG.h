@@ -2,14 +2,20 @@
 #define ZELDT_NUMERIC_DTLONG_H
 
 #include "../foundation/DTBASIS.h"
+#include "DTMIXED.h"
 
 class CRecordset;
+class ZelDtDecimal;
+class ZelDtDouble;
 class ZelDtLong_Imp;
+class ZelDtShort;
 class ZelDtString;
 
 namespace zeldt {
 template <typename Rules>
 class IntegerOperators;
+template <typename Rules>
+class IntegerRep;
 struct LongRules;
 } // namespace zeldt
 
@@ -49,7 +55,12 @@ public:
     ZelDtLong(const char* text);
     /// Mode and flags of the source; its text, read as above, if it is defined, else 0.
     ZelDtLong(const ZelDtString& source);
+    /// Mode and flags of the source; its number if it is defined, decimals cut off, else 0. Outside
+    /// 32 bits: error 8 behind error 1.
+    ZelDtLong(const ZelDtDecimal& source);
+    ZelDtLong(const ZelDtDouble& source);
     /// Mode, flags and, if it is defined, number of the source.
+    ZelDtLong(const ZelDtShort& source);
     ZelDtLong(const ZelDtLong& source);
     ~ZelDtLong() override;
 
@@ -61,6 +72,12 @@ public:
     ZelDtLong& operator=(int number);
     /// Outside 32 bits: error 8.
     ZelDtLong& operator=(long number);
+    /// A short: as the long made of it.
+    template <typename Source, typename = zeldt::IfWidens<Source, ZelDtLong>>
+    ZelDtLong& operator=(const Source& source)
+    {
+        return *this = ZelDtLong(source);
+    }
     /// `source` must be a ZelDtLong, else error 10.
     void Assign(const ZelDtBasis& source) override;
     ZelDtBasis* NewObject() const override;
@@ -122,6 +139,10 @@ public:
     ZelDtLong operator-(long right) const;
     ZelDtLong operator*(long right) const;
     ZelDtLong operator/(long right) const;
+
+    /// Computed as decimal or double; a Null operand leaves the other one as the result.
+    ZelDtDecimal operator*(const ZelDtDecimal& right) const;
+    ZelDtDouble operator*(const ZelDtDouble& right) const;
 
     /// With an undefined result the number becomes 0. An overflow leaves the number, but has marked
     /// the value modified; `-=` has by then also made it defined.
@@ -202,8 +223,16 @@ public:
     int operator!=(double) const = delete;
     friend int operator!=(double, const ZelDtLong&) = delete;
 
+    // Nor is the sum of a text and a number a place in the text
+
+    friend ZelDtLong operator+(const char*, const ZelDtLong&) = delete;
+    friend ZelDtLong operator+(const ZelDtLong&, const char*) = delete;
+    friend ZelDtLong operator-(const char*, const ZelDtLong&) = delete;
+    friend ZelDtLong operator-(const ZelDtLong&, const char*) = delete;
+
 private:
     friend class zeldt::IntegerOperators<zeldt::LongRules>;
+    friend class zeldt::IntegerRep<zeldt::LongRules>;
 
     ZelDtLong_Imp* m_pImp;
 };

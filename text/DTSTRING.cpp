@@ -1,7 +1,13 @@
 #include "text/DTSTRING.h"
 
+#include "numeric/DTDOUBLE.h"
 #include "numeric/DTLONG.h"
+#include "numeric/DTSHORT.h"
+#include "numeric/IMP/DTDECIMI.h"
+#include "platform/runtime/doubletext.h"
 #include "text/IMP/DTTEXT.h"
+
+#include <cmath>
 
 IMPLEMENT_SERIAL(ZelDtString, ZelDtBasis, 1)
 
@@ -35,12 +41,51 @@ constexpr Operation kFromInt = Op("ZelDtString(INT)");
 constexpr Operation kFromUInt = Op("ZelDtString(UINT)");
 constexpr Operation kCopy = Op("ZelDtString(ZelDtString&)");
 constexpr Operation kFromLong = Op("ZelDtString(ZelDtLong&)");
+constexpr Operation kFromShort = Op("ZelDtString(ZelDtShort&)");
+constexpr Operation kFromDouble = Op("ZelDtString(ZelDtDouble&)");
+constexpr Operation kFromDecimal = Op("ZelDtString(ZelDtDecimal&)");
 constexpr Operation kToCString = Op("operatorCString()");
 constexpr Operation kToWideText = Op("operatorBSTR()");
 
 ZelDtString_Imp* NewText(const CString& text)
 {
     return new ZelDtString_Imp(zeldt::ViewOf(text), text.GetLength(), text.GetLength());
+}
+
+/// The text of an integer value; none when it is undefined.
+template <typename Number, typename Integer>
+ZelDtString_Imp* NewNumberText(const Integer& source)
+{
+    return source.IsDefined()
+               ? new ZelDtString_Imp(static_cast<std::int32_t>(static_cast<Number>(source)))
+               : new ZelDtString_Imp;
+}
+
+/// More than any text of a double takes; what callers find in GetAllocLength.
+constexpr int kDoubleAllocLength = 316;
+
+ZelDtString_Imp* NewDoubleText(const ZelDtDouble& source)
+{
+    if (!source.IsDefined())
+        return new ZelDtString_Imp;
+    const double number = source;
+    if (!std::isfinite(number))
+        zeldt::Raise(kFromDouble, ErrorNo::OutOfRange);
+    char text[zelrt::kDoubleTextRoom];
+    const auto length = static_cast<std::size_t>(zelrt::WriteDouble(number, text) - text);
+    return new ZelDtString_Imp({text, length}, static_cast<int>(length), kDoubleAllocLength);
+}
+
+/// Room for the longest decimal that computing and reading make.
+constexpr int kDecimalAllocLength = 38;
+
+ZelDtString_Imp* NewDecimalText(const ZelDtDecimal& source)
+{
+    if (!source.IsDefined())
+        return new ZelDtString_Imp;
+    const RWCString text = zeldt::DecimalAccess::PlainText(source, kDecimalAllocLength);
+    return new ZelDtString_Imp({text.data(), text.length()}, static_cast<int>(text.length()),
+                               kDecimalAllocLength);
 }
 
 } // namespace
@@ -92,11 +137,19 @@ ZelDtString::ZelDtString(const ZelDtString& source)
 {}
 
 ZelDtString::ZelDtString(const ZelDtLong& source)
-    : ZelDtBasis(source), m_pImp(Guarded(kFromLong, [&] {
-          return source.IsDefined()
-                     ? new ZelDtString_Imp(static_cast<std::int32_t>(static_cast<long>(source)))
-                     : new ZelDtString_Imp;
-      }))
+    : ZelDtBasis(source), m_pImp(Guarded(kFromLong, [&] { return NewNumberText<long>(source); }))
+{}
+
+ZelDtString::ZelDtString(const ZelDtShort& source)
+    : ZelDtBasis(source), m_pImp(Guarded(kFromShort, [&] { return NewNumberText<short>(source); }))
+{}
+
+ZelDtString::ZelDtString(const ZelDtDouble& source)
+    : ZelDtBasis(source), m_pImp(Guarded(kFromDouble, [&] { return NewDoubleText(source); }))
+{}
+
+ZelDtString::ZelDtString(const ZelDtDecimal& source)
+    : ZelDtBasis(source), m_pImp(Guarded(kFromDecimal, [&] { return NewDecimalText(source); }))
 {}
 
 ZelDtString::ZelDtString(std::unique_ptr<ZelDtString_Imp> imp)

@@ -13,7 +13,10 @@ struct Operation;
 }
 
 class CRecordset;
+class ZelDtDecimal;
+class ZelDtDouble;
 class ZelDtLong;
+class ZelDtShort;
 class ZelDtString_Imp;
 
 /// A text of bytes in the ANSI code page 1252, and the carrier of every other value's text.
@@ -75,6 +78,13 @@ public:
     ZelDtString(const ZelDtString& source);
     /// Mode and flags of the source; its decimal text if it is defined.
     ZelDtString(const ZelDtLong& source);
+    ZelDtString(const ZelDtShort& source);
+    /// The same, with the text that ZelDtDouble::ConvToSQL shows and room for 316 bytes. NaN and
+    /// infinities have none: error 8 behind error 1.
+    ZelDtString(const ZelDtDouble& source);
+    /// The same, with the text that ZelDtDecimal::DecimalToAscii gives, up to 38 bytes, and room for
+    /// them. A longer one is error 4 behind error 1.
+    ZelDtString(const ZelDtDecimal& source);
     ~ZelDtString() override;
 
     // Assignment

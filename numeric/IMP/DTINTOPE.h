@@ -2,55 +2,18 @@
 #define ZELDT_NUMERIC_IMP_DTINTOPE_H
 
 /// The operators of the integer classes: one primitive for each family. Private to the library.
-///
-/// `Rules` names what differs between the classes: Object (the value class), Number (what it
-/// keeps), kTextCut (bytes read in front of a separator) and the operations that conversions and
-/// arithmetic report errors under.
 
-#include "foundation/DTCHECK.h"
-#include "numeric/IMP/DTINTARI.h"
+#include "numeric/IMP/DTINTREP.h"
 
 namespace zeldt {
 
-/// The number of a result, or the error that its status means.
-template <typename Number>
-Number NumberOrRaise(const Operation& operation, IntResult<Number> result)
-{
-    switch (result.status) {
-    case IntStatus::Ok:
-        return result.value;
-    case IntStatus::OutOfRange:
-        Raise(operation, ErrorNo::OutOfRange);
-    case IntStatus::DivisionByZero:
-        Raise(operation, ErrorNo::DivisionByZero);
-    case IntStatus::UnreadText:
-        break;
-    }
-    Raise(operation, ErrorNo::InitialValue);
-}
-
 template <typename Rules>
 class IntegerOperators {
+    using Rep = IntegerRep<Rules>;
+
 public:
     using Object = typename Rules::Object;
     using Number = typename Rules::Number;
-
-    // Conversions
-
-    static Number FromText(std::string_view text)
-    {
-        return NumberOrRaise(Rules::kFromText, ReadNumber<Number>(text, Rules::kTextCut));
-    }
-
-    static Number FromDouble(double number)
-    {
-        return NumberOrRaise(Rules::kFromDouble, Truncated<Number>(number));
-    }
-
-    static Number FromWide(std::int64_t number)
-    {
-        return NumberOrRaise(Rules::kFromDouble, Narrowed<Number>(number));
-    }
 
     // Binary operators. A Null operand is neutral in products and as divisor; elsewhere it counts
     // as the number it stores.
@@ -65,7 +28,7 @@ public:
                 return a;
             if (kind == Arithmetic::Multiply && a.IsNull())
                 return b;
-            return Object(Compute<kind>(Of(a), Of(b)));
+            return Object(Compute<kind>(Rep::Of(a), Rep::Of(b)));
         });
     }
 
@@ -76,8 +39,8 @@ public:
             if (a.IsMissing())
                 return Object(ZelDtWmDefault);
             if (kind == Arithmetic::Multiply && a.IsNull())
-                return Object(FromWide(b));
-            return Object(Compute<kind>(Of(a), b));
+                return Object(Rep::FromWide(b));
+            return Object(Compute<kind>(Rep::Of(a), b));
         });
     }
 
@@ -88,8 +51,8 @@ public:
             if (b.IsMissing())
                 return Object(ZelDtWmDefault);
             if (isProductOrQuotient<kind> && b.IsNull())
-                return Object(FromWide(a));
-            return Object(Compute<kind>(a, Of(b)));
+                return Object(Rep::FromWide(a));
+            return Object(Compute<kind>(a, Rep::Of(b)));
         });
     }
 
@@ -101,9 +64,9 @@ public:
         Guarded(operation, [&] {
             const int defined = a.CheckDefinedForArithmetic(a, b);
             if (defined)
-                Accumulate<Arithmetic::Add>(a, Of(b));
+                Accumulate<Arithmetic::Add>(a, Rep::Of(b));
             else
-                Of(a) = 0;
+                Rep::Of(a) = 0;
             a.SetDefined(defined);
         });
     }
@@ -113,9 +76,9 @@ public:
     {
         Guarded(operation, [&] {
             const int defined = a.CheckDefinedForArithmetic(a, b);
-            const Number subtrahend = Of(b);
+            const Number subtrahend = Rep::Of(b);
             if (!defined)
-                Of(a) = 0;
+                Rep::Of(a) = 0;
             a.SetDefined(defined);
             if (defined)
                 Accumulate<Arithmetic::Subtract>(a, subtrahend);
@@ -130,7 +93,7 @@ public:
             if (a.IsMissing())
                 return;
             if (b != 0) {
-                Of(a) = Compute<kind>(Of(a), b);
+                Rep::Of(a) = Compute<kind>(Rep::Of(a), b);
                 a.SetModified(1);
             }
             a.SetDefined(1);
@@ -149,40 +112,19 @@ public:
     static int Compare(const Operation& operation, const Object& a, const Object& b)
     {
         RequireReadable(operation, a, b);
-        return Order(Of(a), Of(b));
+        return Order(Rep::Of(a), Rep::Of(b));
     }
 
     static int CompareNumber(const Operation& operation, const Object& a, std::int64_t b)
     {
         RequireReadable(operation, a);
-        return Order(Of(a), b);
-    }
-
-    // Storing
-
-    /// Stores the number, marking a change, and makes the value defined.
-    static void Store(Object& a, Number number)
-    {
-        Change(a, number);
-        a.SetDefined(1);
-    }
-
-    /// Stores the number, marking a change.
-    static void Change(Object& a, Number number)
-    {
-        if (Of(a) == number)
-            return;
-        a.SetModified(1);
-        Of(a) = number;
+        return Order(Rep::Of(a), b);
     }
 
 private:
     template <Arithmetic kind>
     static constexpr bool isProductOrQuotient =
         kind == Arithmetic::Multiply || kind == Arithmetic::Divide;
-
-    static Number& Of(Object& object) { return object.m_pImp->value; }
-    static Number Of(const Object& object) { return object.m_pImp->value; }
 
     static int Order(std::int64_t a, std::int64_t b) { return (a > b) - (a < b); }
 
@@ -200,7 +142,7 @@ private:
         if (b == 0)
             return;
         a.SetModified(1);
-        Of(a) = Compute<kind>(Of(a), b);
+        Rep::Of(a) = Compute<kind>(Rep::Of(a), b);
     }
 };
 

@@ -6,6 +6,7 @@
 
 #include "foundation/DTGUARD.h"
 #include "foundation/DTPOOL.h"
+#include "platform/formats/ZelFormat.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -25,9 +26,21 @@ struct LongRules {
     using Object = ZelDtLong;
     using Number = std::int32_t;
 
-    /// The longest number has 11 characters.
+    /// The bytes that are read in front of a separator; the longest number has that many.
     static constexpr std::size_t kTextCut = 11;
+    /// The places of the default format.
+    static constexpr unsigned long kPlaces = 11;
+    static constexpr auto kShow = &ZelFormat::FormatLong;
+    static constexpr auto kParse = &ZelFormat::ParseLong;
 
+    /// Whether a copy of an undefined value keeps the number that is stored there.
+    static constexpr bool kCopiesUndefined = false;
+    /// Whether SetFromExtern takes over the defined flag before it looks at anything else.
+    static constexpr bool kTakesAnyDefinedFlag = false;
+    /// Whether a record-set field must fit; else only its low bits count.
+    static constexpr bool kChecksFields = true;
+
+    /// What conversions and arithmetic report errors under.
     static constexpr Operation kFromText = {"IMP/DTLONGI", "ZelDtLong_Imp", "FromString(LPCTSTR)"};
     static constexpr Operation kFromDouble = {"IMP/DTLONGI", "ZelDtLong_Imp",
                                               "ZelDtLong_Imp(double)"};

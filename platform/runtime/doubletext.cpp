@@ -280,9 +280,17 @@ constexpr ExponentDigits kExponentDigits;
 
 char* WriteExponent(char* out, int exponent) noexcept
 {
-    std::memcpy(out, exponent < 0 ? "e-" : "e+", 2);
+    out[0] = 'e';
+    out[1] = exponent < 0 ? '-' : '+';
     std::memcpy(out + 2, kExponentDigits.Of(exponent < 0 ? -exponent : exponent), 4);
     return out + 5;
+}
+
+char* WriteZeroAndPoint(char* out) noexcept
+{
+    out[0] = '0';
+    out[1] = '.';
+    return out + 2;
 }
 
 } // namespace
@@ -294,15 +302,13 @@ char* zelrt::WriteDouble(double number, char* buffer) noexcept
     out += std::bit_cast<std::uint64_t>(number) >> 63;
 
     const Scaled scaled = Scale(std::fabs(number));
-    if (scaled.digits == 0) {
-        std::memcpy(out, "0.", 2);
-        return out + 2;
-    }
+    if (scaled.digits == 0)
+        return WriteZeroAndPoint(out);
     const DigitText digits(scaled.digits);
     if (scaled.exponent == -1) {
-        std::memcpy(out, "0.", 2);
-        digits.Write(out + 2);
-        return out + 2 + digits.Count();
+        out = WriteZeroAndPoint(out);
+        digits.Write(out);
+        return out + digits.Count();
     }
     // Digits in front of the point, zeros at the end included.
     const bool fixed = scaled.exponent >= 0 && scaled.exponent < kDigits;

@@ -1,0 +1,452 @@
+#include "numeric/DTDECIMA.h"
+
+#include "foundation/DTCHECK.h"
+#include "foundation/DTFORMAT.h"
+#include "numeric/IMP/DTDECIMI.h"
+#include "platform/decimals/RWDecimalFormat.h"
+#include "text/DTSTRING.h"
+#include "text/IMP/DTTEXT.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+namespace {
+
+using zeldt::ErrorNo;
+using zeldt::Guarded;
+using zeldt::Operation;
+using zeldt::Raise;
+using zeldt::ViewOf;
+
+using Access = zeldt::DecimalAccess;
+
+constexpr Operation Op(const char* signature)
+{
+    return {"DTDECFKT", "ZelDtDecimal", signature};
+}
+
+constexpr Operation kAssign = Op("Assign(ZelDtBasis&)");
+constexpr Operation kNewObject = Op("ZelDtBasis * ZelDtDecimal :: NewObject ( VOID ) const");
+constexpr Operation kClear = Op("Clear()");
+constexpr Operation kGetValue = Op("GetValue()");
+constexpr Operation kGetPrecision = Op("GetPrecision()");
+constexpr Operation kDecimalToAscii = Op("DecimalToAscii(LPCTSTR)");
+constexpr Operation kRound = Op("Round(SHORT,Rundungsart)");
+constexpr Operation kTruncate = Op("Truncate(USHORT)");
+constexpr Operation kConvToSQL = Op("ConvToSQL()");
+constexpr Operation kSetFromSQL = Op("SetFromSQL(LPCTSTR)");
+constexpr Operation kConvToOFL = Op("ConvToOFL(ZelFormat *)");
+constexpr Operation kSetFromOFL = Op("SetFromOFL(LPCTSTR,ZelFormat*)");
+constexpr Operation kSetFromBTR = Op("SetFromBTR(DEC&,BOOL)");
+constexpr Operation kConvToBTR = Op("ConvToBTR(BOOL&)");
+constexpr Operation kConvToExtern = Op("ConvToExtern(BOOL&,USHORT&)");
+constexpr Operation kSetFromExtern = Op("SetFromExtern(ZelDtString*,BOOL,USHORT)");
+constexpr Operation kSetFromRecordSet = Op("SetFromRecordSet(CRecordset&,const CString&");
+constexpr Operation kConvToRecordSet = Op("ConvToRecordSet(CRecordset&,CString&)");
+constexpr Operation kSerialize = Op("Serialize(CArchive&)");
+
+constexpr unsigned short kExternVersion = 100;
+
+/// Longest external text.
+constexpr std::size_t kMostExternBytes = 48;
+
+/// Longest text that a caller's buffer of 33 bytes takes.
+constexpr std::size_t kMostAsciiBytes = 32;
+
+const RWDecimal96Init decimalLibrary;
+
+/// The steps of RundungFuenfer.
+const RWDecimal96 tenth = RWDecimal96::from(0.1);
+const RWDecimal96 twentieth = RWDecimal96::from(0.05);
+
+RWDecimalFormat MadeSqlFormat()
+{
+    RWDecimalFormat format;
+    format.setAllDecimals(true);
+    format.setRightFillChar('0');
+    return format;
+}
+
+RWDecimalFormat MadeDisplayFormat()
+{
+    RWDecimalFormat format;
+    format.setDecimalSeperator('.');
+    format.setRoundMethod(RWDecimalBase::RoundTowardZero);
+    format.setShowDecimalPoint(true);
+    format.setAllDecimals(true);
+    return format;
+}
+
+const RWDecimalFormat sqlFormat = MadeSqlFormat();
+const RWDecimalFormat displayFormat = MadeDisplayFormat();
+
+const ZelFormat& DefaultFormat()
+{
+    static const ZelFormat format(ZelFormat::ZelFoStandard);
+    return format;
+}
+
+/// Builds the default format while the library is being loaded.
+[[maybe_unused]] const ZelFormat& defaultFormatAtLoad = DefaultFormat();
+
+// Rounding
+
+RWDecimalBase::RoundingMethod MethodFor(ZelDtDecimal::Rundungsart kind, bool positive)
+{
+    switch (kind) {
+    case ZelDtDecimal::RundungAufwaerts:
+        return positive ? RWDecimalBase::RoundAwayFromZero : RWDecimalBase::RoundTowardZero;
+    case ZelDtDecimal::RundungAbwaerts:
+        return positive ? RWDecimalBase::RoundTowardZero : RWDecimalBase::RoundAwayFromZero;
+    case ZelDtDecimal::RundungWegVonNull:
+        return RWDecimalBase::RoundAwayFromZero;
+    case ZelDtDecimal::RundungZuNull:
+        return RWDecimalBase::RoundTowardZero;
+    default:
+        return RWDecimalBase::RoundNearest;
+    }
+}
+
+/// A multiple of 0.05 at or near the number: it loses what exceeds a multiple of 0.1, and a further
+/// 0.1 if a negative rest remains; of what is missing then, 0.05 comes back if it is more than
+/// that.
+RWDecimal96 RoundedToFives(const RWDecimal96& number)
+{
+    RWDecimal96 rounded = number - number % tenth;
+    if (rounded < RWDecimal96(0))
+        rounded = rounded - tenth;
+    const RWDecimal96 missing = number - rounded;
+    if (missing > twentieth)
+        rounded = rounded + twentieth;
+    else if (missing < RWDecimal96(0) - twentieth)
+        rounded = rounded - twentieth;
+    return rounded;
+}
+
+// External text
+
+/// The exponent in at least three digits behind its sign.
+std::string ExponentText(std::ptrdiff_t exponent)
+{
+    const std::string digits = std::to_string(std::abs(exponent));
+    const std::size_t zeros = 3 - std::min<std::size_t>(digits.size(), 3);
+    return (exponent < 0 ? "E-" : "E+") + std::string(zeros, '0') + digits;
+}
+
+/// The plain text of a number other than 0 with one digit in front of the point and an exponent.
+std::string Scientific(std::string_view plain)
+{
+    std::string text;
+    if (plain.front() == '-') {
+        text = "-";
+        plain.remove_prefix(1);
+    }
+    const auto point = static_cast<std::ptrdiff_t>(std::min(plain.find('.'), plain.size()));
+    const auto first = static_cast<std::ptrdiff_t>(plain.find_first_of("123456789"));
+    std::string digits(plain.substr(static_cast<std::size_t>(first)));
+    digits.erase(std::remove(digits.begin(), digits.end(), '.'), digits.end());
+    text += digits.substr(0, 1) + '.' + digits.substr(1);
+    return text + ExponentText(first < point ? point - first - 1 : point - first);
+}
+
+/// The exponent behind the 'E' of an external text: a sign and digits. Limited to what makes any
+/// number too long, whatever its digits.
+int ExponentOf(std::string_view text)
+{
+    constexpr int limit = 100;
+    const bool signedDigits = text.size() > 1 && (text[0] == '-' || text[0] == '+') &&
+                              text.find_first_not_of("0123456789", 1) == text.npos;
+    if (!signedDigits)
+        Raise(kSetFromExtern, ErrorNo::FormatNotKept);
+    int magnitude = 0;
+    for (const char c : text.substr(1))
+        magnitude = std::min(limit, magnitude * 10 + (c - '0'));
+    return text[0] == '-' ? -magnitude : magnitude;
+}
+
+/// The digits of a mantissa without its point.
+std::string DigitsOf(std::string_view mantissa)
+{
+    std::string digits(mantissa);
+    const std::size_t point = digits.find('.');
+    if (point != digits.npos)
+        digits.erase(point, 1);
+    if (digits.empty() || digits.find_first_not_of("0123456789") != digits.npos)
+        Raise(kSetFromExtern, ErrorNo::FormatNotAllowed);
+    return digits;
+}
+
+/// The plain text of the number in an external text. Its digits count as if the point stood behind
+/// the first one.
+std::string PlainFromScientific(std::string_view text)
+{
+    if (text.size() > kMostExternBytes)
+        Raise(kSetFromExtern, ErrorNo::InputTooLong);
+    const std::size_t signs = !text.empty() && text.front() == '-' ? 1 : 0;
+    const std::size_t mark = text.find('E');
+    if (mark == text.npos)
+        Raise(kSetFromExtern, ErrorNo::FormatNotKept);
+    std::string digits = DigitsOf(text.substr(signs, mark - signs));
+    const int exponent = ExponentOf(text.substr(mark + 1));
+    if (exponent < 0) {
+        digits.insert(0, "0." + std::string(static_cast<std::size_t>(-exponent - 1), '0'));
+    } else {
+        const std::size_t whole = static_cast<std::size_t>(exponent) + 1;
+        if (digits.size() > whole)
+            digits.insert(whole, 1, '.');
+        else
+            digits.append(whole - digits.size(), '0');
+    }
+    return std::string(text.substr(0, signs)) + digits;
+}
+
+/// The external text of a number. Too long for one: error 4 under the name of the conversion.
+std::string ExternText(const ZelDtDecimal_Imp& number)
+{
+    if (number.IsZero())
+        return "0E+000";
+    const RWCString plain = toString(number);
+    std::string text = Scientific({plain.data(), plain.length()});
+    if (text.size() > kMostExternBytes)
+        Raise(kConvToExtern, ErrorNo::BufferTooSmall);
+    return text;
+}
+
+} // namespace
+
+// Assignment
+
+void ZelDtDecimal::Assign(const ZelDtBasis& source)
+{
+    if (!source.IsKindOf(RUNTIME_CLASS(ZelDtDecimal)))
+        Raise(kAssign, ErrorNo::DifferentTypes);
+    Guarded(kAssign, [&] { *this = static_cast<const ZelDtDecimal&>(source); });
+}
+
+ZelDtBasis* ZelDtDecimal::NewObject() const
+{
+    return Guarded(kNewObject, [&] { return new ZelDtDecimal(*this); });
+}
+
+// State
+
+ZelDtTyps ZelDtDecimal::GetDtTyp() const
+{
+    return ZelDtTypDecimal;
+}
+
+void ZelDtDecimal::Clear()
+{
+    Guarded(kClear, [&] {
+        if (!m_pImp->IsZero())
+            SetModified(1);
+        *m_pImp = RWDecimal96(0);
+        ZelDtBasis::Clear();
+    });
+}
+
+// Reading
+
+double ZelDtDecimal::GetValue() const
+{
+    zeldt::RequireReadable(kGetValue, *this);
+    return Guarded(kGetValue, [&] { return static_cast<double>(toDouble(*m_pImp)); });
+}
+
+int ZelDtDecimal::GetPrecision() const
+{
+    zeldt::RequireReadable(kGetPrecision, *this);
+    return m_pImp->Places();
+}
+
+BOOL ZelDtDecimal::IsDecimal0() const
+{
+    return m_pImp->IsZero();
+}
+
+RWCString zeldt::DecimalAccess::PlainText(const ZelDtDecimal& value, std::size_t most)
+{
+    RWCString text = Number(value).PlainText();
+    if (text.length() > most)
+        Raise(kDecimalToAscii, ErrorNo::BufferTooSmall);
+    return text;
+}
+
+const char* ZelDtDecimal::DecimalToAscii(char* buffer) const
+{
+    return Guarded(kDecimalToAscii, [&] {
+        if (buffer == nullptr)
+            Raise(kDecimalToAscii, ErrorNo::InitialValue);
+        const RWCString text = Access::PlainText(*this, kMostAsciiBytes);
+        return static_cast<const char*>(std::memcpy(buffer, text.data(), text.length() + 1));
+    });
+}
+
+// Changing
+
+ZelDtDecimal& ZelDtDecimal::Round(short position, Rundungsart kind)
+{
+    Guarded(kRound, [&] {
+        const int places = -position;
+        if (!IsDefined() || places >= m_pImp->Places())
+            return;
+        const bool positive = !m_pImp->IsNegative() && !m_pImp->IsZero();
+        *m_pImp = kind == RundungFuenfer ? RoundedToFives(*m_pImp)
+                                         : round(*m_pImp, places, MethodFor(kind, positive));
+        SetModified(1);
+    });
+    return *this;
+}
+
+ZelDtDecimal& ZelDtDecimal::Truncate(unsigned short places)
+{
+    Guarded(kTruncate, [&] {
+        if (places == m_pImp->Places())
+            return;
+        *m_pImp = round(*m_pImp, places, RWDecimalBase::RoundTowardZero);
+        SetModified(1);
+    });
+    return *this;
+}
+
+// SQL
+
+void ZelDtDecimal::SetFromSQL(const char* text)
+{
+    Guarded(kSetFromSQL, [&] { Access::Change(*this, ZelDtDecimal_Imp(text)); });
+}
+
+ZelDtString ZelDtDecimal::ConvToSQL() const
+{
+    return Guarded(kConvToSQL, [&] {
+        return IsDefined() ? ZelDtString(sqlFormat(*m_pImp).data()) : ZelDtString("NULL");
+    });
+}
+
+// Display
+
+CString ZelDtDecimal::ConvToOFL(const ZelFormat* format) const
+{
+    return Guarded(kConvToOFL, [&] {
+        CString shown;
+        if (IsDefined())
+            zeldt::ChooseFormat(format, GetFormat(), DefaultFormat())
+                .FormatString(displayFormat(*m_pImp).data(), ZelFormat::ZelFoZahlText, shown);
+        return shown;
+    });
+}
+
+void ZelDtDecimal::SetFromOFL(const char* text, const ZelFormat* format)
+{
+    Guarded(kSetFromOFL, [&] {
+        if (text == nullptr || *text == '\0') {
+            Clear();
+            return;
+        }
+        CString number;
+        zeldt::ChooseFormat(format, GetFormat(), DefaultFormat())
+            .ParseString(text, ZelFormat::ZelFoZahlText, &number);
+        Access::Replace(*this, ZelDtDecimal_Imp::ConvAsciiToRW96(ViewOf(number)));
+    });
+}
+
+// Record-manager form
+
+void ZelDtDecimal::SetFromBTR(const DEC& record, BOOL defined)
+{
+    Guarded(kSetFromBTR, [&] {
+        if (!defined) {
+            Clear();
+            return;
+        }
+        ZelDtDecimal_Imp number;
+        ZelDtDecimal_Imp::ConvDecimalToRW(record, number);
+        Access::Replace(*this, number);
+    });
+}
+
+DEC ZelDtDecimal::ConvToBTR(BOOL& defined) const
+{
+    return Guarded(kConvToBTR, [&] {
+        DEC record;
+        ZelDtDecimal_Imp::ConvRWToDecimal(record, *m_pImp);
+        defined = IsDefined();
+        return record;
+    });
+}
+
+// External text
+
+ZelDtString ZelDtDecimal::ConvToExtern(int& defined, unsigned short& version) const
+{
+    return Guarded(kConvToExtern, [&] {
+        const ZelDtString text =
+            IsDefined() ? ZelDtString(ExternText(*m_pImp).c_str()) : ZelDtString(ZelDtWmDefault);
+        defined = IsDefined();
+        version = kExternVersion;
+        return text;
+    });
+}
+
+void ZelDtDecimal::SetFromExtern(const ZelDtString* text, int defined, unsigned short version)
+{
+    Guarded(kSetFromExtern, [&] {
+        if (version != kExternVersion)
+            Raise(kSetFromExtern, ErrorNo::WrongVersion);
+        SetDefined(defined);
+        if (defined != 1 || text == nullptr) {
+            Clear();
+            return;
+        }
+        if (!text->IsDefined())
+            Raise(kSetFromExtern, ErrorNo::InconsistentDefinedness);
+        const std::string number =
+            PlainFromScientific({*text, static_cast<std::size_t>(text->GetLength())});
+        Access::Replace(*this, ZelDtDecimal_Imp(std::string_view(number)));
+    });
+}
+
+// Record set and archive
+
+void ZelDtDecimal::SetFromRecordSet(CRecordset& rs, const CString& field)
+{
+    Guarded(kSetFromRecordSet, [&] {
+        if (rs.IsFieldNull(&field))
+            Clear();
+        else
+            Access::Change(*this, ZelDtDecimal_Imp::ConvAsciiToRW96(ViewOf(field)));
+    });
+}
+
+void ZelDtDecimal::ConvToRecordSet(CRecordset& rs, CString& field) const
+{
+    Guarded(kConvToRecordSet, [&] {
+        if (IsDefined())
+            m_pImp->ConvDecToCString(field);
+        rs.SetFieldNull(&field, !IsDefined());
+    });
+}
+
+void ZelDtDecimal::Serialize(CArchive& ar)
+{
+    // Only what the archive throws is reported under the name of this operation: the other errors
+    // have the names of the operations that found them.
+    if (ar.IsStoring()) {
+        int defined = 0;
+        unsigned short version = 0;
+        const ZelDtString text = ConvToExtern(defined, version);
+        ZelDtBasis::Serialize(ar);
+        Guarded(kSerialize, [&] { ar << static_cast<CString>(text) << WORD{version}; });
+        return;
+    }
+    Rollback rollback(*this);
+    ZelDtBasis::Serialize(ar);
+    CString text;
+    WORD version = 0;
+    Guarded(kSerialize, [&] { ar >> text >> version; });
+    const ZelDtString external(text);
+    SetFromExtern(&external, IsDefined(), version);
+    rollback.Commit();
+}
