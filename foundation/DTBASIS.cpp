@@ -82,7 +82,8 @@ void ZelDtBasis::Dump(CDumpContext&) const {}
 
 void ZelDtBasis::Clear()
 {
-    if (IsDefined() && m_pState->mode != ZelDtWmAlwaysDefined)
+    // Also a flag that is neither 0 nor 1, as external texts and archives may bring it.
+    if (m_pState->mode != ZelDtWmAlwaysDefined)
         SetDefined(0);
 }
 

@@ -4,6 +4,7 @@
 #include "foundation/DTFORMAT.h"
 #include "numeric/IMP/DTDECIMI.h"
 #include "platform/decimals/RWDecimalFormat.h"
+#include "platform/runtime/int32text.h"
 #include "text/DTSTRING.h"
 #include "text/IMP/DTTEXT.h"
 
@@ -151,19 +152,16 @@ std::string Scientific(std::string_view plain)
     return text + ExponentText(first < point ? point - first - 1 : point - first);
 }
 
-/// The exponent behind the 'E' of an external text: a sign and digits. Limited to what makes any
-/// number too long, whatever its digits.
+/// The exponent behind the 'E' of an external text: one character that is a minus or counts as a
+/// plus, then a number, 0 without digits. Limited to what makes any number too long.
 int ExponentOf(std::string_view text)
 {
-    constexpr int limit = 100;
-    const bool signedDigits = text.size() > 1 && (text[0] == '-' || text[0] == '+') &&
-                              text.find_first_not_of("0123456789", 1) == text.npos;
-    if (!signedDigits)
-        Raise(kSetFromExtern, ErrorNo::FormatNotKept);
-    int magnitude = 0;
-    for (const char c : text.substr(1))
-        magnitude = std::min(limit, magnitude * 10 + (c - '0'));
-    return text[0] == '-' ? -magnitude : magnitude;
+    constexpr std::int32_t limit = 100;
+    if (text.empty())
+        return 0;
+    const std::int32_t read = zelrt::ParseInt32(text.data() + 1, text.data() + text.size()).value;
+    const int exponent = std::clamp(read, -limit, limit);
+    return text.front() == '-' ? -exponent : exponent;
 }
 
 /// The digits of a mantissa without its point.

@@ -110,7 +110,8 @@ public:
     /// value keeps its own places. A changed number marks the value modified.
     ZelDtDecimal& operator=(const ZelDtDecimal& source);
     /// Takes over the number; defined afterwards. Marks the value modified if the number differs
-    /// from the present one without its decimals: 5 in place of 5.7 does not.
+    /// from the present one without its decimals: 5 in place of 5.7 does not. A present number
+    /// beyond 32 bits always counts as different.
     ZelDtDecimal& operator=(int number);
     ZelDtDecimal& operator=(long number);
     /// Takes over the number; defined afterwards. A changed number marks the value modified.
@@ -192,10 +193,12 @@ public:
     /// "0E+000". Undefined when the value is. A text of more than 48 bytes is error 4 behind error
     /// 1.
     ZelDtString ConvToExtern(int& defined, unsigned short& version) const override;
-    /// An optional '-', digits with one point or none, 'E', a sign and digits; at most 48 bytes.
-    /// The first digit counts as the one before the point, wherever that stands. All failures, a
-    /// wrong version and a contradicting definedness included, are error 1; except with a wrong
-    /// version the value has by then taken over `defined`.
+    /// An optional '-', digits with one point or none, 'E', a sign and the exponent; at most 48
+    /// bytes. The first digit counts as the one before the point, wherever that stands. The
+    /// character behind the 'E' is passed over unless it is a '-', and so is what follows the
+    /// digits of the exponent. All failures, a wrong version and a contradicting definedness
+    /// included, are error 1; except with a wrong version the value has by then taken over
+    /// `defined`.
     void SetFromExtern(const ZelDtString* text, int defined, unsigned short version) override;
 
     // Record set and archive

@@ -233,8 +233,8 @@ private:
     ZelDtDouble_Imp* m_pImp;
 };
 
-/// A missing right side gives a copy of it, in sums also its number counts when it is Null; a Null
-/// one is neutral in products and as divisor.
+/// A missing right side gives a copy of it. A Null one counts as its number in sums and
+/// differences and is neutral in products and as divisor.
 ZELDT_API ZelDtDouble operator+(double left, const ZelDtDouble& right);
 ZELDT_API ZelDtDouble operator+(int left, const ZelDtDouble& right);
 ZELDT_API ZelDtDouble operator+(long left, const ZelDtDouble& right);

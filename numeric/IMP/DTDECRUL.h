@@ -179,13 +179,22 @@ using Unequal = std::not_equal_to<RWDecimal96>;
 
 // Assignment
 
+/// Whether the number without its decimals is `whole`. A number beyond 32 bits never is.
+template <typename Whole>
+bool HasWholePart(const RWDecimal96& number, Whole whole)
+{
+    const long truncated = toInt(number, RWDecimalBase::RoundTowardZero);
+    return truncated == whole &&
+           round(number, 0, RWDecimalBase::RoundTowardZero) == NumberOf(truncated);
+}
+
 /// The number replaces any other, but only one that differs from the present whole units counts as
 /// a change.
 template <typename Whole>
 ZelDtDecimal& AssignWhole(const Operation& operation, ZelDtDecimal& value, Whole number)
 {
     Guarded(operation, [&] {
-        if (toInt(DecimalAccess::Number(value), RWDecimalBase::RoundTowardZero) != number)
+        if (!HasWholePart(DecimalAccess::Number(value), number))
             value.SetModified(1);
         DecimalAccess::Number(value) = NumberOf(number);
         DecimalAccess::SetDefined(value);

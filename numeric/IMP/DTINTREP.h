@@ -171,9 +171,6 @@ public:
             a.SetDefined(defined);
         if (defined != 1 || text == nullptr) {
             a.Clear();
-            // Clear passes over a flag that is neither 0 nor 1.
-            if (Rules::kTakesAnyDefinedFlag && !a.IsDefined())
-                a.SetDefined(0);
             return;
         }
         a.SetDefined(1);

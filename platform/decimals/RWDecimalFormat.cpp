@@ -93,6 +93,8 @@ RWCString RWDecimalFormat::operator()(const RWDecimalPortable& number) const
         return {};
     const Settings& settings = m_settings[number.isNegative() ? RWDecimalFormatScope::Negative
                                                               : RWDecimalFormatScope::Positive];
+    if (settings.allDecimals && settings.showPoint && settings.separator == '.')
+        return number.text();
     const std::string_view text(number.text().data(), number.text().length());
     const std::size_t point = std::min(text.find('.'), text.size());
     std::string whole(text.substr(0, point));
