@@ -88,8 +88,8 @@ public:
     ZelDtDecimal(double number);
     /// Defined, from digits with a sign in front and a point. Commas and blanks are passed over
     /// wherever they stand: "1,234.50" is 1234.50, and "1,5" is 15. At most 38 bytes, and 28 digits
-    /// unless the number begins with 0; what is passed over counts. A text without a digit is no
-    /// number.
+    /// unless the number begins with 0; what is passed over counts. A text without digits ("", "-",
+    /// ".") is 0.
     ZelDtDecimal(const char* text);
     /// The amount with 4 places, defined and marked modified, if the currency is valid; else
     /// undefined, 0.
@@ -205,7 +205,7 @@ public:
 
     /// Takes over the field's text, or clears the value when the record set reports it null. The
     /// text has a sign in front or none, digits and one point or none; blanks around it are passed
-    /// over, and behind 38 bytes the digits are cut off.
+    /// over, and behind 38 bytes the digits are cut off. A text without digits is 0.
     virtual void SetFromRecordSet(CRecordset& rs, const CString& field);
     /// Writes the number of a defined value into the field's own buffer, "0.00" for zero and
     /// otherwise with at least one decimal, and marks the field null or not. A text that does not

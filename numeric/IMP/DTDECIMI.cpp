@@ -198,9 +198,12 @@ RWDecimal96 ZelDtDecimal_Imp::ConvAsciiToRW96(std::string_view text)
     InstallHandlers();
     const std::string_view number = WithoutBlanksAround(text);
     const std::size_t signs = !number.empty() && IsSign(number.front()) ? 1 : 0;
+    const std::string_view unsignedNumber = number.substr(signs);
+    if (unsignedNumber.empty() || unsignedNumber == ".")
+        return RWDecimal96(0);
     const std::size_t taken = std::min(number.size(), signs + kMostBytes);
     // The decimal library sees only what is taken.
-    if (taken != number.size() && !IsPlainNumber(number.substr(signs)))
+    if (taken != number.size() && !IsPlainNumber(unsignedNumber))
         Raise(kConvAscii, ErrorNo::FormatNotAllowed);
     const RWDecimal96 read(number.data(), taken);
     if (read.isNull())

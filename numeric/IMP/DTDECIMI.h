@@ -49,7 +49,7 @@ public:
 
     /// The number that digits with one point or none denote, a sign in front. Of the bytes behind
     /// the sign the first 38 count. Blanks around the text, as fields of fixed length have them,
-    /// are passed over. Anything else, a text without digits included, is error 20.
+    /// are passed over. Without digits it is 0. Anything else is error 20.
     static RWDecimal96 ConvAsciiToRW96(std::string_view text);
 
     /// Rounded to 4 places, ties away from zero; status null for a null number. Beyond the range

@@ -88,8 +88,8 @@ uint128 ValueOf(std::string_view first, std::string_view second)
     constexpr std::size_t kRoom = 32;
     char padded[kRoom];
     std::memset(padded, '0', kRoom);
-    std::memcpy(padded + kRoom - second.size(), second.data(), second.size());
-    std::memcpy(padded + kRoom - second.size() - first.size(), first.data(), first.size());
+    second.copy(padded + kRoom - second.size(), second.size());
+    first.copy(padded + kRoom - second.size() - first.size(), first.size());
     const std::uint64_t high =
         std::uint64_t{ValueOfEight(padded)} * kPowers64[8] + ValueOfEight(padded + 8);
     const std::uint64_t low =
