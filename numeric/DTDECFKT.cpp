@@ -286,7 +286,7 @@ const char* ZelDtDecimal::DecimalToAscii(char* buffer) const
 
 ZelDtDecimal& ZelDtDecimal::Round(short position, Rundungsart kind)
 {
-    Guarded(kRound, [&] {
+    zeldt::Calculate(kRound, [&] {
         const int places = -position;
         if (!IsDefined() || places >= m_pImp->Places())
             return;
@@ -300,7 +300,7 @@ ZelDtDecimal& ZelDtDecimal::Round(short position, Rundungsart kind)
 
 ZelDtDecimal& ZelDtDecimal::Truncate(unsigned short places)
 {
-    Guarded(kTruncate, [&] {
+    zeldt::Calculate(kTruncate, [&] {
         if (places == m_pImp->Places())
             return;
         *m_pImp = round(*m_pImp, places, RWDecimalBase::RoundTowardZero);

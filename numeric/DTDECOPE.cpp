@@ -489,7 +489,7 @@ ZelDtDecimal& ZelDtDecimal::operator=(long number)
 
 ZelDtDecimal& ZelDtDecimal::operator=(double number)
 {
-    Guarded(kAssignDouble, [&] { Access::Replace(*this, NumberOf(number)); });
+    zeldt::Calculate(kAssignDouble, [&] { Access::Replace(*this, NumberOf(number)); });
     return *this;
 }
 

@@ -45,12 +45,6 @@ void ZelDtDecimalOverflowHandler(RWDecimal96OverflowErr&)
 /// Rounded results are welcome.
 void ZelDtDecimalInexactHandler(RWDecimal96InexactErr&) {}
 
-void InstallHandlers()
-{
-    RWDecimal96::setOverflowHandler(&ZelDtDecimalOverflowHandler);
-    RWDecimal96::setInexactHandler(&ZelDtDecimalInexactHandler);
-}
-
 /// Takes the handlers out of force when the library is unloaded: the decimal library may stay.
 struct HandlerRemoval {
     HandlerRemoval() = default;
@@ -138,6 +132,12 @@ constexpr int96 SignExtended(std::int64_t number)
 
 } // namespace
 
+void ZelDtDecimal_Imp::InstallHandlers()
+{
+    setOverflowHandler(&ZelDtDecimalOverflowHandler);
+    setInexactHandler(&ZelDtDecimalInexactHandler);
+}
+
 // Construction
 
 ZelDtDecimal_Imp::ZelDtDecimal_Imp()
@@ -176,11 +176,6 @@ ZelDtDecimal_Imp::ZelDtDecimal_Imp(std::string_view text)
 
 ZelDtDecimal_Imp::ZelDtDecimal_Imp(const COleCurrency& amount)
     : RWDecimal96(SignExtended(amount.m_cur.int64), kCurrencyPlaces, NormalState)
-{
-    InstallHandlers();
-}
-
-ZelDtDecimal_Imp::ZelDtDecimal_Imp(const RWDecimal96& number) : RWDecimal96(number)
 {
     InstallHandlers();
 }
@@ -245,7 +240,7 @@ COleCurrency ZelDtDecimal_Imp::ToCurrency() const
         amount.SetStatus(COleCurrency::null);
         return amount;
     }
-    return Guarded(kToCurrency, [&] {
+    return zeldt::Calculate(kToCurrency, [&] {
         const ZelDtDecimal_Imp rounded(round(*this, kCurrencyPlaces, RoundNearest));
         if (rounded > currencyMaximum || rounded < currencyMinimum)
             Raise(kToCurrency, ErrorNo::OutOfRange);
@@ -278,7 +273,7 @@ void ZelDtDecimal_Imp::ConvDecimalToRW(const DEC& record, ZelDtDecimal_Imp& numb
 
 void ZelDtDecimal_Imp::ConvRWToDecimal(DEC& record, const ZelDtDecimal_Imp& number)
 {
-    Guarded(kConvRWToDecimal, [&] {
+    zeldt::Calculate(kConvRWToDecimal, [&] {
         record = DEC();
         if (number.isNull())
             return;

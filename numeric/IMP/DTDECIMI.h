@@ -3,6 +3,7 @@
 
 /// The number of a ZelDtDecimal and its conversions. Private to the library.
 
+#include "foundation/DTGUARD.h"
 #include "foundation/DTPOOL.h"
 #include "numeric/DTDECIMA.h"
 #include "platform/decimals/RWDecimal96.h"
@@ -33,8 +34,12 @@ public:
     explicit ZelDtDecimal_Imp(std::string_view text);
     /// The amount, whatever its status, with 4 places.
     explicit ZelDtDecimal_Imp(const COleCurrency& amount);
-    explicit ZelDtDecimal_Imp(const RWDecimal96& number);
+    /// The result of a calculation, which has put the handlers in force (see Calculate).
+    explicit ZelDtDecimal_Imp(const RWDecimal96& number) : RWDecimal96(number) {}
     ZelDtDecimal_Imp(const ZelDtDecimal_Imp& source);
+
+    /// Puts this library's handlers in force.
+    static void InstallHandlers();
 
     ZelDtDecimal_Imp& operator=(const ZelDtDecimal_Imp&) = default;
     using RWDecimal96::operator=;
@@ -82,6 +87,17 @@ private:
 static_assert(sizeof(ZelDtDecimal_Imp) == sizeof(RWDecimal96), "it adds conversions, no data");
 
 namespace zeldt {
+
+/// Runs a calculation with decimal numbers under the name of `operation`, with this library's
+/// handlers in force.
+template <typename Body>
+decltype(auto) Calculate(const Operation& operation, Body&& body)
+{
+    return Guarded(operation, [&]() -> decltype(auto) {
+        ZelDtDecimal_Imp::InstallHandlers();
+        return body();
+    });
+}
 
 /// What the sources of the decimal class, and those that make something of a decimal, may do with
 /// it beyond its public interface.

@@ -66,7 +66,7 @@ ZelDtDecimal Combined(const RWDecimal96& a, const ZelDtDecimal& b)
 template <typename Computing>
 ZelDtDecimal Binary(const Operation& operation, const ZelDtDecimal& a, const ZelDtDecimal& b)
 {
-    return Guarded(operation, [&]() -> ZelDtDecimal {
+    return Calculate(operation, [&]() -> ZelDtDecimal {
         if (!DecimalAccess::CheckDefined(a, b))
             return ZelDtDecimal(ZelDtWmDefault);
         if (dropsNull<Computing> && b.IsNull())
@@ -80,7 +80,7 @@ ZelDtDecimal Binary(const Operation& operation, const ZelDtDecimal& a, const Zel
 template <typename Computing, typename Plain>
 ZelDtDecimal WithRightNumber(const Operation& operation, const ZelDtDecimal& a, Plain b)
 {
-    return Guarded(operation, [&]() -> ZelDtDecimal {
+    return Calculate(operation, [&]() -> ZelDtDecimal {
         if (a.IsMissing())
             return ZelDtDecimal(ZelDtWmDefault);
         return DecimalAccess::Result(Computing()(DecimalAccess::Number(a), NumberOf(b)));
@@ -102,7 +102,7 @@ ZelDtDecimal WithLeftZero(Plain zero, const ZelDtDecimal& b)
 template <typename Computing, typename Plain>
 ZelDtDecimal WithLeftNumber(const Operation& operation, Plain a, const ZelDtDecimal& b)
 {
-    return Guarded(operation, [&]() -> ZelDtDecimal {
+    return Calculate(operation, [&]() -> ZelDtDecimal {
         if (b.IsMissing())
             return ZelDtDecimal(ZelDtWmDefault);
         if (std::is_same_v<Computing, Remainder>)
@@ -122,7 +122,7 @@ ZelDtDecimal WithLeftNumber(const Operation& operation, Plain a, const ZelDtDeci
 template <typename Computing>
 ZelDtDecimal& Accumulate(const Operation& operation, ZelDtDecimal& a, const ZelDtDecimal& b)
 {
-    Guarded(operation, [&] {
+    Calculate(operation, [&] {
         if (!DecimalAccess::CheckDefined(a, b)) {
             a.Clear();
             return;
@@ -139,7 +139,7 @@ ZelDtDecimal& Accumulate(const Operation& operation, ZelDtDecimal& a, const ZelD
 template <typename Computing, typename Plain>
 ZelDtDecimal& AccumulateNumber(const Operation& operation, ZelDtDecimal& a, Plain b)
 {
-    Guarded(operation, [&] {
+    Calculate(operation, [&] {
         if (a.IsMissing())
             return;
         if (b != Plain()) {
@@ -157,7 +157,7 @@ template <typename Order>
 int Compare(const Operation& operation, const ZelDtDecimal& a, const ZelDtDecimal& b)
 {
     RequireReadable(operation, a, b);
-    return Guarded(operation, [&] {
+    return Calculate(operation, [&] {
         return Order()(DecimalAccess::Number(a), DecimalAccess::Number(b)) ? 1 : 0;
     });
 }
@@ -166,8 +166,8 @@ template <typename Order, typename Plain>
 int CompareNumber(const Operation& operation, const ZelDtDecimal& a, Plain b)
 {
     RequireReadable(operation, a);
-    return Guarded(operation,
-                   [&] { return Order()(DecimalAccess::Number(a), NumberOf(b)) ? 1 : 0; });
+    return Calculate(operation,
+                     [&] { return Order()(DecimalAccess::Number(a), NumberOf(b)) ? 1 : 0; });
 }
 
 using Less = std::less<RWDecimal96>;
@@ -193,7 +193,7 @@ bool HasWholePart(const RWDecimal96& number, Whole whole)
 template <typename Whole>
 ZelDtDecimal& AssignWhole(const Operation& operation, ZelDtDecimal& value, Whole number)
 {
-    Guarded(operation, [&] {
+    Calculate(operation, [&] {
         if (!HasWholePart(DecimalAccess::Number(value), number))
             value.SetModified(1);
         DecimalAccess::Number(value) = NumberOf(number);

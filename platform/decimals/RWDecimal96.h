@@ -68,8 +68,9 @@ using RWDecimal96InexactHandler = void (*)(RWDecimal96InexactErr& error);
 /// value = mantissa / 10^places. Results of arithmetic, and numbers made from a double, have at
 /// most 28 digits and 0 to 27 places; numbers read from a text at most 28 digits and, when they are
 /// positive, up to 36 places. A mantissa and places that come in as they are (the constructor for
-/// derived classes) may be anything; every operation on them ends with a number within these
-/// limits or with an overflow.
+/// derived classes) may be anything; arithmetic on them ends with a number within these limits or
+/// with an overflow. Only abs, and round when it has no place to drop, leave such numbers as they
+/// are.
 ///
 /// A result that needs more digits or places is rounded once, to the nearest, ties away from zero,
 /// places first, and the inexact handler is called. What has more than 28 digits before the point,
