@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Shows the library's main job on the sample customers: installs what is missing, builds zelconv,
-# and converts examples/data/kunden.csv into every form. What it makes lies in a temporary folder
-# and is gone afterwards; the build stays in build/demo.
+# Shows the library's main job on the sample data: installs what is missing, builds zelconv and an
+# example program, converts the customers of examples/data/kunden.csv into every form, and computes
+# what they bought from the orders of auftraege.csv. What it makes lies in a temporary folder and is
+# gone afterwards; the build stays in build/demo.
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -17,23 +18,37 @@ begin() {
 
 build() {
   cmake --preset release -B build/demo -DZELDT_BUILD_TESTS=OFF &&
-    cmake --build build/demo --target zelconv
+    cmake --build build/demo --target zelconv example_umsatz
 }
 
-# zelconv with the customers' columns; some rows are rejected, which is status 1 and expected where
-# the sample itself is read.
-customers="Nr:long,Name:string,Strasse:string,PLZ:string,Ort:string,Bemerkung:string"
-convert() {
-  echo "\$ zelconv $(printf '%q ' "$@" | sed "s|$work/||g; s|\\\\,|,|g")"
-  build/demo/bin/zelconv "$@"
+# Shows a call as it could be typed, then makes it.
+run() {
+  local word
+  printf '$ %s' "${1##*/}"
+  for word in "${@:2}"; do
+    case $word in
+    *[\ \;\(\)]*) printf " '%s'" "$word" ;;
+    *) printf ' %s' "${word#"$work/"}" ;;
+    esac
+  done
+  printf '\n'
+  "$@"
 }
-convert_sample() {
+convert() {
+  run build/demo/bin/zelconv "$@"
+}
+
+# Converts a sample; some of its rows are rejected, which is status 1 and expected.
+customers="Nr:long,Name:string,Strasse:string,PLZ:string,Ort:string,Bemerkung:string"
+orders="Nr:long,Kunde:long,Artikel:string,Menge:short,Preis:decimal(2),Rabatt:decimal,Gewicht:double"
+convert_sample() { # COLUMNS OPTION...
   local status=0
-  convert --columns "$customers" --from csv "$@" || status=$?
+  convert --columns "$1" --from csv "${@:2}" || status=$?
   [ "$status" -eq 1 ]
 }
 
 sample=examples/data/kunden.csv
+sample_orders=examples/data/auftraege.csv
 
 begin "packages"
 cmake/install-packages.sh build tools
@@ -43,10 +58,10 @@ if ! build >"$work/build.log" 2>&1; then
   tail -n 40 "$work/build.log"
   false
 fi
-echo "zelconv is built: build/demo/bin/zelconv"
+echo "built: build/demo/bin/zelconv, build/demo/bin/umsatz"
 
 begin "customers in house order, as a display table"
-convert_sample --to display --sort Name --rejects "$work/rejects.txt" "$sample" "$work/table.txt"
+convert_sample "$customers" --to display --sort Name --rejects "$work/rejects.txt" "$sample" "$work/table.txt"
 head -n 12 "$work/table.txt"
 echo "..."
 grep -m 1 -B 2 -A 2 -E '^ *[0-9]+  Ä' "$work/table.txt"
@@ -55,18 +70,18 @@ tail -n 5 "$work/table.txt"
 echo "Accented letters stand right behind their base letter: all of Ä between A and B."
 
 begin "the same rows as SQL"
-convert_sample --to sql --table Kunden "$sample" "$work/kunden.sql" 2>/dev/null
+convert_sample "$customers" --to sql --table Kunden "$sample" "$work/kunden.sql" 2>/dev/null
 head -n 5 "$work/kunden.sql"
 echo "... $(grep -c '^INSERT INTO' "$work/kunden.sql") statements"
 
 begin "the same rows in Extern form"
-convert_sample --to extern "$sample" "$work/kunden.ext" 2>/dev/null
+convert_sample "$customers" --to extern "$sample" "$work/kunden.ext" 2>/dev/null
 head -n 5 "$work/kunden.ext"
 echo "..."
 tail -n 1 "$work/kunden.ext"
 
 begin "into an archive and back"
-convert_sample --to csv "$sample" "$work/before.csv" 2>/dev/null
+convert_sample "$customers" --to csv "$sample" "$work/before.csv" 2>/dev/null
 convert --columns "$customers" --from csv --to archive "$work/before.csv" "$work/kunden.zca"
 convert --from archive --to csv "$work/kunden.zca" "$work/after.csv"
 cmp "$work/before.csv" "$work/after.csv"
@@ -79,6 +94,19 @@ echo "No difference: CSV, Extern and archive of $(stat -c %s "$work/kunden.zca")
 begin "what was rejected, and why"
 cat "$work/rejects.txt"
 echo
+
+begin "orders: short, decimal and double as SQL"
+convert_sample "$orders" --to sql --table Auftraege --rejects "$work/rejects.txt" \
+  "$sample_orders" "$work/auftraege.sql"
+head -n 5 "$work/auftraege.sql"
+echo "... $(grep -c '^INSERT INTO' "$work/auftraege.sql") statements"
+echo "Rejected, by column and first cause:"
+grep '^#zelconv' "$work/rejects.txt" | cut -f 3,7 | sort | uniq -c
+
+begin "sales by customer, computed with decimals"
+run build/demo/bin/umsatz "$sample" "$sample_orders" >"$work/report.txt"
+head -n 24 "$work/report.txt"
+echo "..."
 
 echo
 echo "demo.sh: done"

@@ -150,4 +150,5 @@ def main():
         out.write(broken.encode("utf-8") if isinstance(broken, str) else broken)
 
 
-main()
+if __name__ == "__main__":
+    main()

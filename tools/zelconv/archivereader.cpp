@@ -117,7 +117,7 @@ void ArchiveReader::Fill(Row& row)
 void ArchiveReader::AppendRaw(const Row& row, std::string& out) const
 {
     std::string line;
-    AppendExternRow(row, line);
+    AppendExternRow(row, m_columns, line);
     out += Utf8FromAnsi(line);
 }
 

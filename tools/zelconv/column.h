@@ -12,17 +12,30 @@
 
 namespace zelconv {
 
-/// What a type must know beyond the common interface of the value classes.
+/// What a type must know beyond the common interface of the value classes. Functions that may be
+/// null are for defined values.
 struct ColumnType {
+    static constexpr int kNoParameter = -1;
+
     const char* name;
-    bool numeric;      ///< shown at the right edge of its column
-    int mostParameter; ///< largest parameter in parentheses; kNoParameter: takes none
-    std::unique_ptr<ZelDtBasis> (*create)(ZelDtWorkingMode mode, int parameter);
+    bool numeric; ///< shown at the right edge of its column
+    std::unique_ptr<ZelDtBasis> (*create)(ZelDtWorkingMode mode);
     ZelDtString (*toSql)(const ZelDtBasis& value);
     /// Whether `a` comes before `b`; both are defined.
     bool (*less)(const ZelDtBasis& a, const ZelDtBasis& b);
 
-    static constexpr int kNoParameter = -1;
+    /// Largest parameter in parentheses, which may be left out; kNoParameter: takes none.
+    int mostParameter = kNoParameter;
+    /// Makes a value that was read what the parameter of its column asks for; false if it cannot
+    /// be. Null: nothing to do.
+    bool (*fit)(ZelDtBasis& value, int parameter) = nullptr;
+    /// The decimals that the value holds: fewer than were read if it had to be rounded. Null: a
+    /// type without decimals, or one that rounds by its nature.
+    int (*countDecimals)(const ZelDtBasis& value) = nullptr;
+    /// Whether the value's text in SQL or extern form reads back as the same value. Null: always.
+    bool (*readsBack)(const ZelDtBasis& value, const ZelDtString& text) = nullptr;
+    /// A text that tells every value apart. Null: the text in extern form does.
+    std::string (*exactText)(const ZelDtBasis& value) = nullptr;
 };
 
 struct Column {
@@ -57,6 +70,9 @@ std::size_t FindColumn(const Columns& columns, std::string_view name);
 
 /// Failure naming `source` unless both have the same names and types in the same order.
 void RequireSameColumns(const Columns& wanted, const Columns& found, const std::string& source);
+
+/// Numbers as programs write them: a point before the decimals, no groups.
+const ZelFormat& PlainNumbers();
 
 } // namespace zelconv
 

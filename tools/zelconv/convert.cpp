@@ -89,6 +89,7 @@ private:
     {
         try {
             m_reader->Fill(m_row);
+            FitToColumns(m_row, m_reader->GetColumns());
             m_writer->Encode(m_row, record);
         } catch (const RowFault& fault) {
             m_rejects->Add(*m_reader, m_row, fault);

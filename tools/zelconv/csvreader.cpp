@@ -35,7 +35,7 @@ public:
     CsvReader(InputFile& file, const Options& options)
         : m_name(file.GetName()), m_charset(options.inputCharset), m_lines(file),
           m_columns(ParseColumns(options.columns, options.ModeOfEmpty())),
-          m_parser(options.separator, m_columns.size())
+          m_parser(options.separator, m_columns.size()), m_plainNumbers(options.plainNumbers)
     {
         if (options.header)
             ReadHeader();
@@ -62,6 +62,7 @@ private:
     std::deque<std::string> m_waiting; ///< lines to be read again
     Columns m_columns;
     CsvParser m_parser;
+    bool m_plainNumbers;
 
     std::string_view m_raw; ///< the present row
     std::string m_firstLine;
@@ -171,6 +172,17 @@ void CsvReader::CheckRow() const
         throw MakeFault(RowError::TooManyCells);
 }
 
+/// Digits behind the point, or the comma, of a number that was typed.
+int DecimalsOf(std::string_view number, char point)
+{
+    const std::size_t begin = number.find(point);
+    if (begin == std::string_view::npos)
+        return 0;
+    return static_cast<int>(std::count_if(number.begin() + static_cast<std::ptrdiff_t>(begin),
+                                          number.end(),
+                                          [](char c) { return c >= '0' && c <= '9'; }));
+}
+
 /// What a display format does not show, it leaves as it was; so the value is cleared first.
 void CsvReader::SetFromCell(ZelDtBasis& value, int column)
 {
@@ -179,9 +191,14 @@ void CsvReader::SetFromCell(ZelDtBasis& value, int column)
         throw MakeFault(RowError::NulByte, column);
     m_cell.clear();
     DecodeCell(m_charset, text, column, m_cell);
+    const ColumnType& type = *m_columns[static_cast<std::size_t>(column)].type;
+    const bool plain = m_plainNumbers && type.numeric;
     ForColumn(column, [&] {
         value.Clear();
-        value.SetFromOFL(m_cell.c_str(), nullptr);
+        value.SetFromOFL(m_cell.c_str(), plain ? &PlainNumbers() : nullptr);
+        if (type.countDecimals != nullptr && value.IsDefined() &&
+            type.countDecimals(value) != DecimalsOf(m_cell, plain ? '.' : ','))
+            throw MakeFault(RowError::TooManyDigits, column);
     });
 }
 

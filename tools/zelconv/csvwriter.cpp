@@ -11,7 +11,8 @@ class CsvWriter final : public Writer {
 public:
     CsvWriter(const Columns& columns, const Options& options)
         : m_columns(columns), m_charset(options.outputCharset), m_separator(options.separator),
-          m_header(options.header), m_special{m_separator, '"', '\n', '\r'}
+          m_header(options.header),
+          m_plainNumbers(options.plainNumbers), m_special{m_separator, '"', '\n', '\r'}
     {}
 
     void Begin(OutputFile& file) override;
@@ -25,6 +26,7 @@ private:
     Charset m_charset;
     char m_separator;
     bool m_header;
+    bool m_plainNumbers;
     std::string m_special; ///< characters that only quotes make harmless
     std::string m_quoted;
 };
@@ -73,7 +75,10 @@ void CsvWriter::Encode(const Row& row, std::string& record)
 {
     record.clear();
     for (int column = 0; column < row.GetCount(); ++column) {
-        const CString text = ForColumn(column, [&] { return row[column].ConvToOFL(nullptr); });
+        const bool plain =
+            m_plainNumbers && m_columns[static_cast<std::size_t>(column)].type->numeric;
+        const CString text = ForColumn(
+            column, [&] { return row[column].ConvToOFL(plain ? &PlainNumbers() : nullptr); });
         AppendCell(ViewOf(text), row[column].IsDefined() != 0, column, record);
     }
     record += '\n';

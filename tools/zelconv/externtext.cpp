@@ -95,23 +95,28 @@ bool TakeExternCell(std::string_view& line, bool& atEnd, std::string_view& cell)
     return true;
 }
 
-void AppendExternCell(const ZelDtBasis& value, int column, std::string& out)
+void AppendExternCell(const ZelDtBasis& value, const ColumnType& type, int column, std::string& out)
 {
     int defined = 0;
     unsigned short version = 0;
     const ZelDtString text =
         ForColumn(column, [&] { return value.ConvToExtern(defined, version); });
+    RequireReadsBack(type, value, text, column);
     out += std::to_string(version);
     out += defined != 0 ? ":1:" : ":0:";
     AppendEscaped(ViewOf(text), out);
 }
 
-void AppendExternRow(const Row& row, std::string& out)
+void AppendExternRow(const Row& row, const Columns& columns, std::string& out)
 {
     for (int column = 0; column < row.GetCount(); ++column) {
+        const ColumnType& type = *columns[static_cast<std::size_t>(column)].type;
         if (column != 0)
             out += kExternSeparator;
-        AppendExternCell(row[column], column, out);
+        if (type.exactText != nullptr && row[column].IsDefined())
+            out += "100:1:" + type.exactText(row[column]);
+        else
+            AppendExternCell(row[column], type, column, out);
     }
 }
 

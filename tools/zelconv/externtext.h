@@ -30,11 +30,13 @@ bool AppendUnescaped(std::string_view text, std::string& out);
 /// because the last cell was taken before.
 bool TakeExternCell(std::string_view& line, bool& atEnd, std::string_view& cell);
 
-/// Appends the cell of a value.
-void AppendExternCell(const ZelDtBasis& value, int column, std::string& out);
+/// Appends the cell of a value; a fault of `column` if the value has none that reads back.
+void AppendExternCell(const ZelDtBasis& value, const ColumnType& type, int column,
+                      std::string& out);
 
-/// Appends the line of a row without line end.
-void AppendExternRow(const Row& row, std::string& out);
+/// Appends the line of a row without line end, for people: also numbers that extern form would
+/// round, NaN and infinities are in there.
+void AppendExternRow(const Row& row, const Columns& columns, std::string& out);
 
 /// Reads a value from its cell; a fault of `column` if that is not possible. A defined value must
 /// give the same text again, so that nothing of it is lost.

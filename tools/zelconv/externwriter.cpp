@@ -26,7 +26,8 @@ public:
             if (column != 0)
                 record += kExternSeparator;
             m_cell.clear();
-            AppendExternCell(row[column], column, m_cell);
+            AppendExternCell(row[column], *m_columns[static_cast<std::size_t>(column)].type, column,
+                             m_cell);
             EncodeCell(m_charset, m_cell, column, record);
         }
         record += '\n';

@@ -13,7 +13,7 @@ struct ErrorRow {
 };
 
 // Code page 1252, as the texts of the library.
-constexpr std::array<ErrorRow, 11> kErrors = {{
+constexpr std::array<ErrorRow, 13> kErrors = {{
     {RowError::TooFewCells, "Zu wenige Zellen"},
     {RowError::TooManyCells, "Zu viele Zellen"},
     {RowError::Quotes, "Anf\374hrungszeichen falsch gesetzt"},
@@ -25,6 +25,8 @@ constexpr std::array<ErrorRow, 11> kErrors = {{
     {RowError::NotInOutput, "Zeichen fehlt in der Codepage der Ausgabe"},
     {RowError::ExternCell, "Ung\374ltige Zelle in externer Darstellung"},
     {RowError::ExternText, "Externer Text k\344me nicht unver\344ndert zur\374ck"},
+    {RowError::TooManyDigits, "Zahl hat mehr Stellen, als ihr Typ fasst"},
+    {RowError::Rounded, "Zahl k\344me gerundet in die Ausgabe"},
 }};
 
 const char* TextOf(RowError error)

@@ -31,6 +31,8 @@ enum class RowError : unsigned long {
     NotInOutput = 109,
     ExternCell = 110,
     ExternText = 111,
+    TooManyDigits = 112,
+    Rounded = 113,
 };
 
 /// An error number with its German text in code page 1252.

@@ -50,10 +50,16 @@ constexpr std::array<Choice<bool>, 2> kYesNo = {{
     {"no", false},
 }};
 
+constexpr std::array<Choice<bool>, 2> kNumbers = {{
+    {"german", false},
+    {"plain", true},
+}};
+
 constexpr const char* kDescription =
     "Converts typed rows between the representations of the value classes.";
 
-constexpr const char* kFooter = R"(Column types: long, string.
+constexpr const char* kFooter =
+    R"(Column types: long, short, decimal, decimal(PLACES), double, string.
 
 A row that cannot be converted goes to the rejects file unchanged, behind a line that tells why;
 the other rows go on. An output file is complete or absent.
@@ -79,6 +85,7 @@ struct Arguments {
     std::string empty;
     std::string separator = ";";
     std::string header = "yes";
+    std::string numbers = "german";
 };
 
 template <typename Choices>
@@ -126,6 +133,9 @@ void Describe(CLI::App& app, Arguments& arguments, Options& options)
                    "separates the cells of csv: one character or 'tab' (;)");
     app.add_option("--header", arguments.header, "whether csv begins with the names (yes)")
         ->check(OneOf(kYesNo));
+    app.add_option("--numbers", arguments.numbers,
+                   "numbers of csv: german (1.234,50) or plain (1234.50) (german)")
+        ->check(OneOf(kNumbers));
     app.add_option("IN", options.input, "input file, - for standard input")->required();
     app.add_option("OUT", options.output, "output file, - for standard output")->required();
 }
@@ -152,6 +162,7 @@ void Complete(const Arguments& arguments, Options& options)
         options.empty = ValueOf(kModes, arguments.empty);
     options.separator = ParseSeparator(arguments.separator);
     options.header = ValueOf(kYesNo, arguments.header);
+    options.plainNumbers = ValueOf(kNumbers, arguments.numbers);
 
     if (options.from == Form::Csv && options.columns.empty())
         throw Failure("--columns is required for --from csv");

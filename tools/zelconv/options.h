@@ -27,8 +27,9 @@ struct Options {
     std::optional<ZelDtWorkingMode> empty;
     char separator = ';';
     bool header = true;
-    std::string input;  ///< file name, or kStandardStream
-    std::string output; ///< file name, or kStandardStream
+    bool plainNumbers = false; ///< csv has 1234.50, not 1.234,50
+    std::string input;         ///< file name, or kStandardStream
+    std::string output;        ///< file name, or kStandardStream
 
     /// The mode of columns that the command line describes.
     ZelDtWorkingMode ModeOfEmpty() const { return empty.value_or(ZelDtWmMissing); }

@@ -27,6 +27,15 @@ private:
     std::vector<std::unique_ptr<ZelDtBasis>> m_values;
 };
 
+/// A fault of the column if the text, which is what SQL or extern form make of the value, would
+/// read back as another one.
+void RequireReadsBack(const ColumnType& type, const ZelDtBasis& value, const ZelDtString& text,
+                      int column);
+
+/// Brings the defined values of a row that was read to what the parameters of their columns ask
+/// for; a fault of the first one that cannot be.
+void FitToColumns(Row& row, const Columns& columns);
+
 } // namespace zelconv
 
 #endif

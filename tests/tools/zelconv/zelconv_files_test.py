@@ -39,6 +39,7 @@ class Calls(ZelconvCase):
                 (*CSV_TO_CSV, "--charset", "latin1", *files),
                 (*CSV_TO_CSV, "--empty", "zero", *files),
                 (*CSV_TO_CSV, "--header", "maybe", *files),
+                (*CSV_TO_CSV, "--numbers", "english", *files),
                 (*CSV_TO_CSV, "--separator", ";;", *files),
                 (*CSV_TO_CSV, "--separator", '"', *files),
                 (*CSV_TO_CSV, "--separator", "\n", *files),
@@ -50,7 +51,10 @@ class Calls(ZelconvCase):
                 ("--columns", "N:long", "--from", "csv", "--to", "sql", *files),
                 *(("--columns", columns, "--from", "csv", "--to", "csv", *files) for columns in
                   (",", "N", "N:", ":long", "N:int", "N:long,", "N:long,N:string", "N:LONG",
-                   "N:long(2)", "N:string()", "N:long(", "N\t:long", "\udcff:long"))):
+                   "N:long(2)", "N:string()", "N:long(", "N:short(1)", "N:double(2)",
+                   "N:decimal(28)", "N:decimal(-1)", "N:decimal()", "N:decimal(", "N:decimal(2",
+                   "N:decimal2)", "N:decimal(2)x", "N:decimal(x)", "N:decimal( 2)",
+                   "N:decimal(99999999999)", "N\t:long", "\udcff:long"))):
             with self.subTest(arguments=arguments):
                 result = self.run_zelconv(*arguments)
                 self.assertEqual((result.status, result.out), (2, b""))

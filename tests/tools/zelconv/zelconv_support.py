@@ -12,6 +12,9 @@ import zlib
 ZELCONV = os.environ["ZELCONV"]
 SAMPLE = pathlib.Path(os.environ["ZELCONV_SAMPLE"])
 
+# How archives keep the numbers that are not texts.
+NUMBER_CODES = {"long": "<i", "short": "<h", "double": "<d"}
+
 # What the runtime checks of a sanitizer build write.
 SANITIZER_MARKS = (b"Sanitizer", b"runtime error:")
 
@@ -103,16 +106,29 @@ def archive_text(text):
     return b"\xFF\xFF\xFF" + struct.pack("<I", length) + text
 
 
+def decimal_text(number):
+    """The extern text of a decimal.Decimal: a digit, a point, the other digits, the exponent."""
+    sign, digits, exponent = number.as_tuple()
+    if not number:
+        return "0E+000"
+    digits = "".join(map(str, digits))
+    exponent += len(digits) - 1
+    return f"{'-' * sign}{digits[0]}.{digits[1:]}E{'-' if exponent < 0 else '+'}{abs(exponent):03}"
+
+
 def archive_value(kind, value):
     """A value that is None is undefined."""
     defined = struct.pack("<I", 0 if value is None else 1)
-    if kind == "long":
-        return defined + struct.pack("<i", value or 0)
+    if kind in NUMBER_CODES:
+        return defined + struct.pack(NUMBER_CODES[kind], value or 0)
+    if kind.startswith("decimal"):
+        text = "" if value is None else decimal_text(value)
+        return defined + archive_text(text.encode("ascii")) + struct.pack("<H", 100)
     return defined + archive_text((value or "").encode("cp1252"))
 
 
 def archive(columns, rows, mode=0):
-    """columns: [(name, type)]; rows: lists of numbers, texts and None."""
+    """columns: [(name, type)]; rows: lists of numbers, decimal.Decimals, texts and None."""
     content = b"ZELCONV\x1A" + struct.pack("<HH", 1, len(columns))
     for name, kind in columns:
         content += archive_text(name.encode("cp1252")) + archive_text(kind.encode("cp1252"))
@@ -132,6 +148,10 @@ def extern_cell(kind, value):
     if value is None:
         return "100:0:0" if kind == "long" else "100:0:"
     text = str(value)
+    if kind == "double":
+        text = f"{value:.16g}".upper()
+    if kind.startswith("decimal"):
+        text = decimal_text(value)
     for character, escape in (("\\", "\\\\"), ("\t", "\\t"), ("\n", "\\n"), ("\r", "\\r"),
                               ("\0", "\\0")):
         text = text.replace(character, escape)
