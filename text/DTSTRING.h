@@ -82,8 +82,8 @@ public:
     /// The same, with the text that ZelDtDouble::ConvToSQL shows and room for 316 bytes. NaN and
     /// infinities have none: error 8 behind error 1.
     ZelDtString(const ZelDtDouble& source);
-    /// The same, with the text that ZelDtDecimal::DecimalToAscii gives, up to 38 bytes, and room for
-    /// them. A longer one is error 4 behind error 1.
+    /// The same, with the text that ZelDtDecimal::DecimalToAscii gives, up to 38 bytes, and room
+    /// for them. A longer one is error 4 behind error 1.
     ZelDtString(const ZelDtDecimal& source);
     ~ZelDtString() override;
 

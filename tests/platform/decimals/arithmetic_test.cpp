@@ -309,8 +309,8 @@ TEST(AbsoluteValues, KeepThePlaces)
                                    {"-1.50", "1.50"},
                                    {"1.50", "1.50"},
                                    {"-9999999999999999999999999999", kNines}};
-    for (const auto& [number, result] : rows)
-        EXPECT_EQ(OutcomeOf([&] { return abs(RWDecimal96(number)); }), Exact(result)) << number;
+    for (const auto& row : rows)
+        EXPECT_EQ(OutcomeOf([&] { return abs(RWDecimal96(row[0])); }), Exact(row[1])) << row[0];
 }
 
 TEST(Powers, MultiplyAndInvert)

@@ -103,11 +103,11 @@ Result Fit(const Exact& value, std::int64_t wanted, Rounding method = Rounding::
     return Overflow();
 }
 
-/// A number as it is, if a text could have brought it.
+/// A number as it is, if its mantissa has 96 bits with its sign.
 Result Keep(const Decimal& number)
 {
-    if (DigitsOf(number.mantissa) <= kMaxDigits && number.places >= 0 &&
-        number.places <= MaxPlacesOfText(number.negative))
+    static const BigNatural kTooLarge = BigNatural::PowerOfTwo(95);
+    if (number.mantissa < kTooLarge || (number.negative && number.mantissa == kTooLarge))
         return {Outcome::Number, number, false};
     return Fit(ExactOf(number), number.places);
 }

@@ -62,7 +62,7 @@ int Compare(const Decimal& a, const Decimal& b);
 std::int32_t ToInt(const Decimal& number, Rounding method);
 double ToDouble(const Decimal& number);
 
-/// From a number in the notation of std::to_chars.
+/// The shortest digits are those of std::to_chars.
 Result FromDouble(double number);
 Result Parse(const std::string& text);
 

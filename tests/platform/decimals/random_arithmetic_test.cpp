@@ -51,12 +51,12 @@ void CheckBinary(std::uint64_t seed, const std::string& name, EngineOperation en
     Operands operands(seed);
     Agreement agreement;
     for (std::size_t i = 0; i < CaseCount() && agreement.GoesOn(); ++i) {
-        const auto [a, b] = operands.DrawPair();
-        const RawDecimal left(a);
-        const RawDecimal right(b);
+        const Operands::Pair pair = operands.DrawPair();
+        const RawDecimal left(pair.a);
+        const RawDecimal right(pair.b);
         agreement.Check(
-            rule(a, b), [&] { return engine(left, right); },
-            [&] { return Show(a) + ' ' + name + ' ' + Show(b); });
+            rule(pair.a, pair.b), [&] { return engine(left, right); },
+            [&] { return Show(pair.a) + ' ' + name + ' ' + Show(pair.b); });
     }
 }
 

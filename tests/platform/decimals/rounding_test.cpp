@@ -135,8 +135,9 @@ TEST(Rounding, ToTensAndHundreds)
     Check(Same("0.00", INT_MIN, Exact("0")));
 }
 
-/// Numbers that come in with more digits or other places than a result has.
-TEST(Rounding, OfForeignNumbersEndsWithinTheLimits)
+/// Numbers that come in with more digits or other places than a result has stay as they are when
+/// there is no place to drop; otherwise the limits hold.
+TEST(Rounding, OfForeignNumbers)
 {
     constexpr int96 kLargest = {INT32_MAX, ~0U, ~0U}; // 39614081257132168796771975167
     struct ForeignRow {
@@ -148,16 +149,19 @@ TEST(Rounding, OfForeignNumbersEndsWithinTheLimits)
     const ForeignRow rows[] = {
         {{0, 0, 5}, -3, 0, Exact("5000")},
         {{0, 0, 5}, -3, -2, Exact("5000")},
+        {{0, 0, 5}, -3, -3, Exact("5000")},
         {{0, 0, 5}, -3, -4, Exact("10000")},
+        {{0, 0, 4}, -3, -4, Exact("0")},
         {{0, 0, 0}, -3, 4, Exact("0")},
         {{0, 0, 0}, 30000, 4, Exact("0.0000")},
-        {{0, 0, 1}, -27, 4, Exact("1" + std::string(27, '0'))},
-        {{0, 0, 1}, -28, 4, kOverflow},
-        {{0, 0, 1}, -32768, 4, kOverflow},
+        {{0, 0, 1}, -100, 4, Exact("1" + std::string(100, '0'))},
+        {{0, 0, 5}, -100, -101, kOverflow},
+        {{0, 0, 4}, -100, -101, Exact("0")},
         {{0, 0, 1}, 32767, 4, Exact("0.0000")},
-        {{0, 0, 5}, 40, 40, Rounded(Fraction(27, "0"))},
-        {kLargest, 0, 0, kOverflow},
-        {kLargest, 5, 5, Rounded("396140812571321687967719.7517")},
+        {{0, 0, 5}, 40, 40, Exact(Fraction(40, "5"))},
+        {{0, 0, 5}, 40, 39, Exact(Fraction(27, "0"))},
+        {kLargest, 0, 0, Exact("39614081257132168796771975167")},
+        {kLargest, 5, 5, Exact("396140812571321687967719.75167")},
         {kLargest, 5, 4, Exact("396140812571321687967719.7517")},
         {kLargest, 5, 0, Exact("396140812571321687967720")},
         {kLargest, 0, -1, kOverflow},
@@ -169,9 +173,12 @@ TEST(Rounding, OfForeignNumbersEndsWithinTheLimits)
                   row.result)
             << ModelOf(number) << " to " << row.places << " places";
     }
+    const RawDecimal thousands({0, 0, 5}, -3);
+    EXPECT_EQ(RawDecimal(round(thousands, 4, RWDecimalBase::RoundNearest)).Places(), -3);
+    EXPECT_EQ(RawDecimal(round(thousands, -4, RWDecimalBase::RoundNearest)).Places(), 0);
 }
 
-TEST(AbsoluteValues, OfForeignNumbersEndWithinTheLimits)
+TEST(AbsoluteValues, OfForeignNumbers)
 {
     const CountedHandlers handlers;
     const auto abs = [](int96 mantissa, std::int32_t exponent) {
@@ -180,15 +187,14 @@ TEST(AbsoluteValues, OfForeignNumbersEndWithinTheLimits)
     EXPECT_EQ(abs({-1, ~0U, ~0U}, 2), Exact("0.01"));
     EXPECT_EQ(abs({-1, ~0U, 0}, 2), Exact("42949672.96"));
     EXPECT_EQ(abs({-1, ~0U, ~0U}, -3), Exact("1000"));
-    EXPECT_EQ(abs({-1, ~0U, ~0U}, -27), Exact("1" + std::string(27, '0')));
-    EXPECT_EQ(abs({-1, ~0U, ~0U}, -28), kOverflow);
-    EXPECT_EQ(abs({0, 0, 5}, 40), Rounded(Fraction(27, "0")));
-    EXPECT_EQ(abs({0, 0, 5}, 36), Exact(Fraction(36, "5")));
-    EXPECT_EQ(abs({INT32_MIN, 0, 0}, 0), kOverflow); // -2^95
+    EXPECT_EQ(abs({-1, ~0U, ~0U}, -100), Exact("1" + std::string(100, '0')));
+    EXPECT_EQ(abs({-1, ~0U, ~0U}, 40), Exact(Fraction(40, "1")));
+    EXPECT_EQ(abs({INT32_MAX, ~0U, ~0U}, 5), Exact("396140812571321687967719.75167"));
+    EXPECT_EQ(RawDecimal(::abs(RawDecimal({0, 0, 5}, -3))).Places(), -3);
+    // 2^95 itself does not fit into the words.
+    EXPECT_EQ(abs({INT32_MIN, 0, 1}, 0), Exact("39614081257132168796771975167"));
+    EXPECT_EQ(abs({INT32_MIN, 0, 0}, 0), kOverflow);
     EXPECT_EQ(abs({INT32_MIN, 0, 0}, 5), Rounded("396140812571321687967719.7517"));
-    EXPECT_EQ(abs({INT32_MAX, ~0U, ~0U}, 5), Rounded("396140812571321687967719.7517"));
-    EXPECT_EQ(RawDecimal(::abs(RawDecimal({0, 0, 5}, -3))).Places(), 0);
-    EXPECT_EQ(RawDecimal(::abs(RawDecimal({0, 0, 0}, -3))).Places(), 0);
 }
 
 TEST(WholeNumbers, AreRoundedByTheMethod)

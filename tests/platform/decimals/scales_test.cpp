@@ -1,12 +1,14 @@
-/// Numbers with every 16-bit count of places, as foreign records bring them: every operation ends
-/// with the model's number or with an overflow, and soon.
+/// Numbers with every 16-bit count of places, as foreign records bring them, and with any at all:
+/// every operation ends with the model's number or with an overflow, and soon.
 
 #include "operands.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
+#include <iterator>
 #include <ostream>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -60,11 +62,6 @@ constexpr Operation kRound = {
     "round(x, ...)", [](const RWDecimal96& x) { return round(x, places, EngineMethod(method)); },
     [](const Decimal& x) { return model::Round(x, places, method); }};
 
-/// The remainder by the ordinary number depends on the scale however large x is.
-constexpr Operation kRemainder = {"x % n",
-                                  [](const RWDecimal96& x) { return x % EngineOrdinary(); },
-                                  [](const Decimal& x) { return model::Remainder(x, Ordinary()); }};
-
 constexpr Operation kOperations[] = {
     {"x + n", [](const RWDecimal96& x) { return x + EngineOrdinary(); },
      [](const Decimal& x) { return model::Add(x, Ordinary()); }},
@@ -96,6 +93,13 @@ constexpr Operation kOperations[] = {
      [](const Decimal& x) { return model::Power(x, 3); }},
     {"pow(x, -2)", [](const RWDecimal96& x) { return pow(x, -2); },
      [](const Decimal& x) { return model::Power(x, -2); }},
+};
+
+/// What far scales matter for: the remainder of a number however large, and what may leave a number
+/// as it is.
+constexpr Operation kOperationsOnScales[] = {
+    {"x % n", [](const RWDecimal96& x) { return x % EngineOrdinary(); },
+     [](const Decimal& x) { return model::Remainder(x, Ordinary()); }},
     {"abs(x)", [](const RWDecimal96& x) { return abs(x); },
      [](const Decimal& x) { return model::Abs(x); }},
     kRound<-5, Rounding::Nearest>,
@@ -155,41 +159,57 @@ Words Try(const Operation& operation, const RWDecimal96& x)
     return Try([&] { return operation.engine(x); });
 }
 
-/// Calls `check` with numbers of all magnitudes and scales; in short runs every scale meets some of
-/// the magnitudes.
+/// Calls `check` with numbers of all magnitudes and scales, for the model and for the engine; in
+/// short runs every far scale meets some of the magnitudes.
 template <typename Check>
 void ForEachNumber(Check&& check)
 {
-    const std::vector<Decimal> magnitudes = Magnitudes();
     const std::size_t step = RunsLong() ? 1 : 4;
-    for (std::size_t i = 0; i < magnitudes.size(); ++i) {
+    std::size_t turn = 0;
+    std::vector<Decimal> numbers = Magnitudes();
+    for (Decimal& number : numbers) {
+        const int96 mantissa = RawDecimal(number).Mantissa();
         for (std::int32_t scale = kLeastScale; scale <= kLargestScale; ++scale) {
-            const auto turn = static_cast<std::size_t>(scale - kLeastScale) + i;
-            if (turn % step != 0 && std::abs(scale) > kFar && scale != kLeastScale)
-                continue;
             if (scale % 16 == 0 && ::testing::Test::HasFailure())
                 return;
-            Decimal number = magnitudes[i];
+            if (++turn % step != 0 && std::abs(scale) > kFar)
+                continue;
             number.places = scale;
-            check(number);
+            check(number, RawDecimal(mantissa, scale));
         }
+        ++turn;
     }
 }
 
-/// Runs the operation on all numbers; the expectation is computed once for all far scales.
-void CheckOperation(const Operation& operation)
+/// What a rule says about numbers, worked out once for all far scales.
+template <typename Rule>
+class FarRule {
+public:
+    explicit FarRule(Rule rule) : m_rule(std::move(rule)), m_value(m_rule(m_number)) {}
+
+    const auto& operator()(const Decimal& number)
+    {
+        const std::int32_t places = Near(static_cast<std::int32_t>(number.places));
+        if (places != m_number.places || number.negative != m_number.negative ||
+            number.mantissa != m_number.mantissa) {
+            m_number = {number.negative, number.mantissa, places};
+            m_value = m_rule(m_number);
+        }
+        return m_value;
+    }
+
+private:
+    Rule m_rule;
+    Decimal m_number;
+    std::invoke_result_t<Rule, const Decimal&> m_value;
+};
+
+template <typename Rule>
+void CheckOperation(const Operation& operation, Rule rule)
 {
     const CountedHandlers handlers;
-    Words expected;
-    std::int32_t known = kFar + 1; ///< the scale that `expected` is for
-    ForEachNumber([&](const Decimal& number) {
-        const auto scale = static_cast<std::int32_t>(number.places);
-        if (scale == kLeastScale || Near(scale) != known) {
-            known = Near(scale);
-            expected = WordsOf(operation.rule({number.negative, number.mantissa, known}));
-        }
-        EXPECT_EQ(Try(operation, RawDecimal(number)), expected)
-            << operation.name << " for x = " << number;
+    ForEachNumber([&](const Decimal& number, const RawDecimal& x) {
+        EXPECT_EQ(Try(operation, x), rule(number)) << operation.name << " for x = " << number;
     });
 }
 
@@ -247,8 +267,17 @@ TEST(EveryScale, OfTheModelActsAlikeFarOff)
 
 TEST(EveryScale, GivesTheModelsNumber)
 {
-    for (const Operation& operation : kOperations)
-        CheckOperation(operation);
+    for (const Operation& operation : kOperations) {
+        const auto rule = [&](const Decimal& number) { return WordsOf(operation.rule(number)); };
+        CheckOperation(operation, FarRule(rule));
+    }
+}
+
+TEST(EveryScale, GivesTheModelsNumberWhereItMatters)
+{
+    for (const Operation& operation : kOperationsOnScales)
+        CheckOperation(operation,
+                       [&](const Decimal& number) { return WordsOf(operation.rule(number)); });
 }
 
 /// Of the words that nothing limits, with the largest mantissas there are.
@@ -263,9 +292,12 @@ TEST(AnyWords, GiveTheModelsNumber)
         for (const Decimal& magnitude : Magnitudes())
             numbers.push_back({magnitude.negative, magnitude.mantissa, places});
     }
+    std::vector<Operation> operations(std::begin(kOperations), std::end(kOperations));
+    operations.insert(operations.end(), std::begin(kOperationsOnScales),
+                      std::end(kOperationsOnScales));
     const CountedHandlers handlers;
     for (const Decimal& a : numbers) {
-        for (const Operation& operation : kOperations) {
+        for (const Operation& operation : operations) {
             EXPECT_EQ(Try(operation, RawDecimal(a)), WordsOf(operation.rule(a)))
                 << operation.name << " for x = " << a;
         }
@@ -278,19 +310,9 @@ TEST(AnyWords, GiveTheModelsNumber)
     }
 }
 
-TEST(EveryScale, OfTheRemainderByAnOrdinaryNumber)
-{
-    const CountedHandlers handlers;
-    ForEachNumber([](const Decimal& number) {
-        EXPECT_EQ(Try(kRemainder, RawDecimal(number)), WordsOf(kRemainder.rule(number)))
-            << kRemainder.name << " for x = " << number;
-    });
-}
-
 TEST(EveryScale, IsCompared)
 {
-    ForEachNumber([](const Decimal& number) {
-        const RawDecimal x(number);
+    ForEachNumber([](const Decimal& number, const RawDecimal& x) {
         const RWDecimal96& n = EngineOrdinary();
         const int order = model::Compare(number, Ordinary());
         EXPECT_EQ(x == n, order == 0 ? 1 : 0) << number;
@@ -307,8 +329,7 @@ TEST(EveryScale, IsCompared)
 
 TEST(EveryScale, BecomesAWholeNumber)
 {
-    ForEachNumber([](const Decimal& number) {
-        const RawDecimal x(number);
+    ForEachNumber([](const Decimal& number, const RawDecimal& x) {
         for (const Rounding method : kMethods)
             EXPECT_EQ(toInt(x, EngineMethod(method)), model::ToInt(number, method)) << number;
     });
@@ -316,17 +337,15 @@ TEST(EveryScale, BecomesAWholeNumber)
 
 TEST(EveryScale, BecomesADouble)
 {
-    ForEachNumber([](const Decimal& number) {
-        const double expected = model::ToDouble(
-            {number.negative, number.mantissa, Near(static_cast<std::int32_t>(number.places))});
-        EXPECT_EQ(toDouble(RawDecimal(number)), static_cast<long double>(expected)) << number;
+    FarRule rule(model::ToDouble);
+    ForEachNumber([&](const Decimal& number, const RawDecimal& x) {
+        EXPECT_EQ(toDouble(x), static_cast<long double>(rule(number))) << number;
     });
 }
 
 TEST(EveryScale, HasAText)
 {
-    ForEachNumber([](const Decimal& number) {
-        const RawDecimal x(number);
+    ForEachNumber([](const Decimal& number, const RawDecimal& x) {
         EXPECT_EQ(x.print(nullptr, 0), LengthOf(number)) << number;
         if (number.places % 97 == 0 || std::abs(number.places) <= kFar) {
             EXPECT_EQ(TextOf(x), number.Text()) << number;

@@ -124,6 +124,29 @@ TEST(Parsing, RefusesEverythingElse)
     EXPECT_EQ(OutcomeOf([&] { return RWDecimal96(text.c_str()); }), kNull);
 }
 
+TEST(Parsing, OfCountedBytesSeesAllOfThem)
+{
+    struct CountedRow {
+        const char* text;
+        std::size_t length;
+        Outcome result;
+    };
+    const CountedRow rows[] = {
+        {"1.50xyz", 4, Exact("1.50")},
+        {"12345", 3, Exact("123")},
+        {"-5", 2, Exact("-5")},
+        {"-5", 1, kNull},
+        {"5", 0, kNull},
+        {nullptr, 0, kNull},
+        {"1\0002", 3, kNull},
+        {"12", 3, kNull}, // with its NUL
+    };
+    const CountedHandlers handlers;
+    for (const CountedRow& row : rows)
+        EXPECT_EQ(OutcomeOf([&] { return RWDecimal96(row.text, row.length); }), row.result)
+            << (row.text == nullptr ? "null" : row.text) << ", " << row.length;
+}
+
 TEST(Printing, WritesPlainDigits)
 {
     struct PrintRow {
