@@ -10,6 +10,9 @@ void AddAllJobs()
 {
     zelbench::AddValueJobs();
     zelbench::AddLongJobs();
+    zelbench::AddDoubleJobs();
+    zelbench::AddDecimalJobs();
+    zelbench::AddDecimal96Jobs();
     zelbench::AddStringJobs();
     zelbench::AddQuotingJobs();
     zelbench::AddSortOrderJobs();

@@ -17,7 +17,8 @@ declare -A packages_of=(
   [windows]="wine wine64 g++-mingw-w64-x86-64-posix googletest"
   [lint]="clang clang-format-14 clang-tidy-14 git"
   [fuzz]="clang libclang-rt-14-dev"
-  [bench]="libbenchmark-dev libicu-dev libfmt-dev libcereal-dev libboost-serialization-dev python3"
+  [bench]="libbenchmark-dev libicu-dev libfmt-dev libcereal-dev libboost-serialization-dev libboost-dev
+    libdfp-dev librust-rust-decimal-dev cargo python3"
 )
 
 fail() {

@@ -1,13 +1,14 @@
 /// Whole numbers: arithmetic, comparison, and the way to text and back.
 ///
-/// plain: the same object without a heap, behind the same calls. int: the built-in type with a
-/// check for overflow, in line.
+/// plain: the same object without a heap, behind the same calls. int, short: the built-in types
+/// with a check for overflow, in line.
 
 #include "benchmarks/contest.h"
 #include "benchmarks/inputs.h"
 #include "benchmarks/jobs.h"
 #include "benchmarks/peers/values.h"
 #include "numeric/DTLONG.h"
+#include "numeric/DTSHORT.h"
 #include "platform/runtime/int32text.h"
 #include "text/DTSTRING.h"
 
@@ -25,31 +26,32 @@ namespace zelbench {
 namespace {
 
 /// The built-in number with what the value classes promise.
-class CheckedInt {
+template <typename Number>
+class Checked {
 public:
-    explicit CheckedInt(std::int32_t number) : m_number(number) {}
+    explicit Checked(std::int32_t number) : m_number(static_cast<Number>(number)) {}
 
     long GetValue() const { return m_number; }
 
-    CheckedInt operator*(const CheckedInt& right) const
+    Checked operator*(const Checked& right) const
     {
-        std::int32_t product = 0;
+        Number product = 0;
         if (__builtin_mul_overflow(m_number, right.m_number, &product))
             std::abort();
-        return CheckedInt(product);
+        return Checked(product);
     }
 
-    CheckedInt& operator+=(const CheckedInt& right)
+    Checked& operator+=(const Checked& right)
     {
         if (__builtin_add_overflow(m_number, right.m_number, &m_number))
             std::abort();
         return *this;
     }
 
-    int operator<(const CheckedInt& right) const { return m_number < right.m_number; }
+    int operator<(const Checked& right) const { return m_number < right.m_number; }
 
 private:
-    std::int32_t m_number;
+    Number m_number;
 };
 
 template <typename Value>
@@ -71,34 +73,49 @@ Operands<Pair<Value>> MakePairs(int digits)
 
 /// Each number and its opposite, so that adding them all up again and again stays in range.
 template <typename Value>
-Operands<Value> MakeAddends()
+Operands<Value> MakeAddends(int digits)
 {
     std::vector<Value> addends;
-    for (const std::int32_t number : Numbers(kFewOperands / 2, 6, 13))
+    for (const std::int32_t number : Numbers(kFewOperands / 2, digits, 13))
         addends.emplace_back(number);
-    for (const std::int32_t number : Numbers(kFewOperands / 2, 6, 13))
+    for (const std::int32_t number : Numbers(kFewOperands / 2, digits, 13))
         addends.emplace_back(-number);
     return Share(std::move(addends));
 }
 
+/// The most digits that operands have.
+struct Digits {
+    int addends;
+    int factors;
+    int compared;
+};
+
 struct ArithmeticJobs {
-    Job accumulate{"long/accumulate"};
-    Job multiply{"long/multiply"};
-    Job compare{"long/compare"};
+    ArithmeticJobs(const std::string& type, const Digits& most)
+        : m_accumulate(type + "/accumulate"), m_multiply(type + "/multiply"),
+          m_compare(type + "/compare"), m_digits(most)
+    {}
 
     template <typename Value>
     void Add(const std::string& contender)
     {
         const auto total = std::make_shared<Value>(0);
-        accumulate.Add(contender, MakeAddends<Value>(), [total](const Value& addend) {
-            *total += addend;
-            return total->GetValue();
-        });
-        multiply.Add(contender, MakePairs<Value>(4),
-                     [](const Pair<Value>& pair) { return pair.left * pair.right; });
-        compare.Add(contender, MakePairs<Value>(9),
-                    [](const Pair<Value>& pair) { return pair.left < pair.right; });
+        m_accumulate.Add(contender, MakeAddends<Value>(m_digits.addends),
+                         [total](const Value& addend) {
+                             *total += addend;
+                             return total->GetValue();
+                         });
+        m_multiply.Add(contender, MakePairs<Value>(m_digits.factors),
+                       [](const Pair<Value>& pair) { return pair.left * pair.right; });
+        m_compare.Add(contender, MakePairs<Value>(m_digits.compared),
+                      [](const Pair<Value>& pair) { return pair.left < pair.right; });
     }
+
+private:
+    Job m_accumulate;
+    Job m_multiply;
+    Job m_compare;
+    Digits m_digits;
 };
 
 std::string_view ToChars(std::int32_t number, char (&buffer)[16])
@@ -188,10 +205,14 @@ void AddValueFromText()
 
 void AddLongJobs()
 {
-    ArithmeticJobs jobs;
-    jobs.Add<ZelDtLong>("ours");
-    jobs.Add<peers::PlainValue>("plain");
-    jobs.Add<CheckedInt>("int");
+    ArithmeticJobs longs("long", {6, 4, 9});
+    longs.Add<ZelDtLong>("ours");
+    longs.Add<peers::PlainValue>("plain");
+    longs.Add<Checked<std::int32_t>>("int");
+
+    ArithmeticJobs shorts("short", {3, 2, 4});
+    shorts.Add<ZelDtShort>("ours");
+    shorts.Add<Checked<std::int16_t>>("short");
 
     AddToText();
     AddFromText("text-to-integer", kFewOperands);
