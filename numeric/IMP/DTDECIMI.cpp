@@ -156,14 +156,11 @@ ZelDtDecimal_Imp::ZelDtDecimal_Imp(long number) : RWDecimal96(SignExtended(numbe
 }
 
 ZelDtDecimal_Imp::ZelDtDecimal_Imp(double number)
-    : RWDecimal96(Guarded(kFromDouble, [=] {
-          InstallHandlers();
-          return RWDecimal96::from(number);
-      }))
+    : RWDecimal96(zeldt::Calculate(kFromDouble, [=] { return RWDecimal96::from(number); }))
 {}
 
 ZelDtDecimal_Imp::ZelDtDecimal_Imp(const char* text)
-    : RWDecimal96(Guarded(kFromText, [=] {
+    : RWDecimal96(zeldt::Calculate(kFromText, [=] {
           if (text == nullptr)
               Raise(kFromText, ErrorNo::InitialValue);
           return ReadText(text);
@@ -171,7 +168,7 @@ ZelDtDecimal_Imp::ZelDtDecimal_Imp(const char* text)
 {}
 
 ZelDtDecimal_Imp::ZelDtDecimal_Imp(std::string_view text)
-    : RWDecimal96(Guarded(kFromText, [=] { return ReadText(text); }))
+    : RWDecimal96(zeldt::Calculate(kFromText, [=] { return ReadText(text); }))
 {}
 
 ZelDtDecimal_Imp::ZelDtDecimal_Imp(const COleCurrency& amount)

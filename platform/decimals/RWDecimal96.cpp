@@ -7,7 +7,10 @@
 
 #include <atomic>
 #include <bit>
+#include <cstddef>
+#include <cstdlib>
 #include <cstring>
+#include <emmintrin.h>
 #include <limits>
 
 using zeldec::int128;
@@ -32,7 +35,8 @@ struct RWDecimal96Access {
     static std::uint64_t LowWords(const RWDecimal96& number)
     {
         std::uint64_t words = 0;
-        std::memcpy(&words, &number.m_mantissa.middle, sizeof words);
+        const auto* const bytes = reinterpret_cast<const char*>(&number.m_mantissa);
+        std::memcpy(&words, bytes + offsetof(int96, middle), sizeof words);
         return std::rotl(words, 32);
     }
 
@@ -85,14 +89,12 @@ struct RWDecimal96Access {
 private:
     static RWDecimal96 Make(std::uint64_t low, std::uint32_t high, std::int32_t places)
     {
-        struct {
-            std::uint64_t stateAndHigh;
-            std::uint64_t middleAndLow;
-            std::int32_t places;
-        } const words = {std::uint64_t{high} << 32 | RWDecimalBase::NormalState, std::rotl(low, 32),
-                         places};
+        const std::uint64_t stateAndHigh = std::uint64_t{high} << 32 | RWDecimalBase::NormalState;
+        const __m128i words = _mm_set_epi64x(static_cast<long long>(std::rotl(low, 32)),
+                                             static_cast<long long>(stateAndHigh));
         RWDecimal96 number;
-        std::memcpy(static_cast<void*>(&number), &words, sizeof number);
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(&number), words);
+        number.m_exponent = places;
         return number;
     }
 };
@@ -184,6 +186,9 @@ bool AreShort(const RWDecimal96& a, const RWDecimal96& b)
     return !Access::IsNull(a, b) && Access::IsShort(a) && Access::IsShort(b);
 }
 
+/// Powers of ten with so many zeros fit 64 bits with a sign.
+constexpr int kShortDigits = 18;
+
 /// The mantissas of two numbers at the same places.
 struct Aligned {
     int128 a;
@@ -195,14 +200,13 @@ struct Aligned {
 [[gnu::always_inline]] inline bool Align(const RWDecimal96& a, const RWDecimal96& b,
                                          Aligned& aligned)
 {
-    constexpr std::int64_t kMostScaled = 18;
     aligned = {Access::Mantissa(a), Access::Mantissa(b), Access::Places(a)};
     const std::int64_t gap = std::int64_t{Access::Places(a)} - Access::Places(b);
     if (gap == 0)
         return true;
     const bool isFiner = gap > 0;
     const auto distance = static_cast<std::size_t>(isFiner ? gap : -gap);
-    if (distance > kMostScaled || !Access::IsShort(isFiner ? b : a))
+    if (distance > kShortDigits || !Access::IsShort(isFiner ? b : a))
         return false;
     (isFiner ? aligned.b : aligned.a) *= zeldec::kPowers64[distance];
     aligned.places = isFiner ? Access::Places(a) : Access::Places(b);
@@ -280,6 +284,18 @@ zeldec::Rounding RoundingOf(RWDecimalBase::RoundingMethod method)
     return zeldec::Rounding::Nearest;
 }
 
+RWDecimal96 RoundedShort(const RWDecimal96& number, int drop, RWDecimalBase::RoundingMethod method)
+{
+    const auto power = static_cast<std::int64_t>(zeldec::kPowers64[static_cast<std::size_t>(drop)]);
+    const std::int64_t mantissa = Access::Short(number);
+    const std::int64_t rest = std::abs(mantissa % power);
+    const bool away = method == RWDecimalBase::RoundTowardZero     ? false
+                      : method == RWDecimalBase::RoundAwayFromZero ? rest != 0
+                                                                   : rest >= power - rest;
+    const std::int64_t unit = away ? (mantissa < 0 ? -1 : 1) : 0;
+    return Access::MakeShort(mantissa / power + unit, Access::Places(number) - drop);
+}
+
 } // namespace
 
 // Errors and handlers
@@ -310,7 +326,8 @@ RWDecimal96InexactHandler RWDecimal96::setInexactHandler(RWDecimal96InexactHandl
 
 // Construction
 
-RWDecimal96::RWDecimal96(const char* text) : RWDecimal96(text, text == nullptr ? 0 : strlen(text))
+RWDecimal96::RWDecimal96(const char* text)
+    : RWDecimal96(text, text == nullptr ? 0 : std::strlen(text))
 {}
 
 RWDecimal96::RWDecimal96(const char* text, std::size_t length) : RWDecimal96()
@@ -394,6 +411,9 @@ RWDecimal96 round(const RWDecimal96& number, int places, RWDecimalBase::Rounding
 {
     if (number.isNull() || places >= Access::Places(number))
         return number;
+    const std::int64_t drop = std::int64_t{Access::Places(number)} - places;
+    if (MayHave(places) && drop <= kShortDigits && Access::IsShort(number))
+        return RoundedShort(number, static_cast<int>(drop), method);
     return Computed(zeldec::Round, Access::Load(number), places, RoundingOf(method));
 }
 

@@ -161,7 +161,8 @@ ZELRW_API int operator>=(const RWDecimal96& a, const RWDecimal96& b);
 ZELRW_API RWDecimal96 pow(const RWDecimal96& base, int exponent);
 ZELRW_API RWDecimal96 abs(const RWDecimal96& number);
 /// The number with at most `places` places; a negative number of places rounds to tens, hundreds
-/// and so on. Places are never added.
+/// and so on. Places are never added. Of more places than a text can give a number (36, or 27 for a
+/// negative one) only so many are kept.
 ZELRW_API RWDecimal96 round(const RWDecimal96& number, int places,
                             RWDecimalBase::RoundingMethod method);
 /// The whole number; outside 32 bits the nearest limit. Null: 0.
@@ -172,8 +173,8 @@ ZELRW_API long double toDouble(const RWDecimal96& number);
 /// exponent. Null: empty.
 ZELRW_API RWCString toString(const RWDecimal96& number);
 
-/// Keeps the library's static objects alive while a source uses them in static objects of its own:
-/// one such object stands in each of these sources.
+/// Stands in each source that has decimal numbers among its static objects, so that the library is
+/// there before them. This library's own objects need no such help; callers keep to it.
 class ZELRW_API RWDecimal96Init {
 public:
     RWDecimal96Init();

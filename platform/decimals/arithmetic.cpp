@@ -116,7 +116,8 @@ Status Round(const Number& number, int places, Rounding method, Number& result)
     result = number;
     if (places >= number.places)
         return Status::Ok;
-    const std::int64_t kept = std::min(places, kMostPlaces);
+    const int mostPlaces = number.negative ? kMostPlaces : kMostPlacesRead;
+    const std::int64_t kept = std::min(places, mostPlaces);
     const std::int64_t drop = number.places - kept;
     bool inexact = false;
     if (drop > CountDigits(number.magnitude))
@@ -125,7 +126,7 @@ Status Round(const Number& number, int places, Rounding method, Number& result)
         result.magnitude =
             Shortened(ToWide(number.magnitude), static_cast<int>(drop), method, inexact);
     // Brings tens and hundreds back to whole numbers.
-    return Fit({ToWide(result.magnitude), kept, number.negative}, kMostPlaces, result);
+    return Fit({ToWide(result.magnitude), kept, number.negative}, mostPlaces, result);
 }
 
 std::int32_t ToInt32(const Number& number, Rounding method)

@@ -1,8 +1,8 @@
 #ifndef ZELDT_PLATFORM_DECIMALS_ARITHMETIC_H
 #define ZELDT_PLATFORM_DECIMALS_ARITHMETIC_H
 
-/// Arithmetic on decimal numbers with any magnitude below 2^96 and any places. Nothing wraps and
-/// nothing takes longer for extreme places. Private to the library.
+/// Arithmetic on decimal numbers with any magnitude up to 2^95 and any places of 32 bits. Nothing
+/// wraps and nothing takes longer for extreme places. Private to the library.
 ///
 /// Each operation sets `result` unless it returns Overflow or DivisionByZero.
 
@@ -21,7 +21,8 @@ Status Power(const Number& base, int exponent, Number& result);
 /// Negative, 0 or positive.
 int Compare(const Number& a, const Number& b);
 
-/// The number with at most `places` places; also negative ones. Never Inexact.
+/// The number with at most `places` places, which may be negative; what has to be shortened keeps
+/// no more places than a text could have given it. Never Inexact.
 Status Round(const Number& number, int places, Rounding method, Number& result);
 
 /// The whole number; the nearest limit outside 32 bits.

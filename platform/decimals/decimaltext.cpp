@@ -211,6 +211,33 @@ std::size_t TextLength(const Number& number, std::int64_t digits)
     return static_cast<std::size_t>(digits + zeros) + sign;
 }
 
+/// Most digits that two words of eight characters hold.
+constexpr int kSixteen = 16;
+/// What PrintSixteen may write over.
+constexpr std::size_t kRoomForSixteen = 2 * kSixteen + 2;
+
+void Store(char* out, uint128 text)
+{
+    std::memcpy(out, &text, sizeof text);
+}
+
+/// Prints a number of up to 16 digits, zeros in front included, from registers: nothing is read
+/// from memory that has just been written there in smaller pieces.
+void PrintSixteen(std::uint64_t magnitude, int digits, int places, bool negative, char* out)
+{
+    const std::uint64_t first = EightDigits(static_cast<std::uint32_t>(magnitude / kPowers64[8]));
+    const std::uint64_t second = EightDigits(static_cast<std::uint32_t>(magnitude % kPowers64[8]));
+    const uint128 text = Joined(second, first) >> (8 * (kSixteen - digits));
+    out[0] = '-';
+    out += negative ? 1 : 0;
+    Store(out, text);
+    if (places > 0) {
+        const int whole = digits - places;
+        out[whole] = '.';
+        Store(out + whole + 1, text >> (8 * whole));
+    }
+}
+
 /// Texts of this length and less are copied in one go, whatever their length.
 constexpr std::size_t kCopied = 32;
 
@@ -239,18 +266,14 @@ void PrintLong(const PrintedDigits& digits, std::int64_t count, const Number& nu
         std::memset(out, '0', static_cast<std::size_t>(length));
         out += length;
     };
-    const std::int64_t whole = count - std::max<std::int64_t>(number.places, 0);
     const char* const first = digits.End() - count;
     if (number.places <= 0) {
         put(first, count);
         putZeros(number.magnitude == 0 ? 0 : -number.places);
-    } else if (whole > 0) {
-        put(first, whole);
-        *out++ = '.';
-        put(first + whole, number.places);
     } else {
+        // There are more places than a number has digits.
         put("0.", 2);
-        putZeros(-whole);
+        putZeros(number.places - count);
         put(first, count);
     }
 }
@@ -263,6 +286,13 @@ std::size_t Print(const Number& number, char* out, std::size_t room)
     const std::size_t length = TextLength(number, count);
     if (length >= room)
         return length;
+    const auto places = static_cast<int>(std::clamp<std::int64_t>(number.places, -1, kSixteen));
+    const int printed = std::max(count, places + 1);
+    if (places >= 0 && printed <= kSixteen && room >= kRoomForSixteen) {
+        PrintSixteen(LowHalf(number.magnitude), printed, places, number.negative, out);
+        out[length] = '\0';
+        return length;
+    }
     const PrintedDigits digits(number.magnitude);
     if (number.places > 0 && number.places < std::int64_t{kCopied}) {
         char text[2 * kCopied + PrintedDigits::kRoom];

@@ -123,8 +123,21 @@ void StripZeros(uint128& quotient, std::int64_t& places, std::int64_t least)
 
 /// The digits before the point of a quotient of whole numbers; 0 and less count the zeros behind
 /// it.
+int DigitsOfQuotient(std::uint64_t dividend, std::uint64_t divisor)
+{
+    const int digits = CountDigits(dividend) - CountDigits(divisor);
+    const auto powerFor = [](int distance) {
+        return kPowers64[static_cast<std::size_t>(std::max(distance, 0))];
+    };
+    const uint128 a = uint128{dividend} * powerFor(-digits);
+    const uint128 b = uint128{divisor} * powerFor(digits);
+    return digits + (a >= b ? 1 : 0);
+}
+
 int DigitsOfQuotient(uint128 dividend, uint128 divisor)
 {
+    if (HighHalf(dividend | divisor) == 0)
+        return DigitsOfQuotient(LowHalf(dividend), LowHalf(divisor));
     const int digits = CountDigits(dividend) - CountDigits(divisor);
     const uint128 a = dividend * Power128(std::max(-digits, 0));
     const uint128 b = divisor * Power128(std::max(digits, 0));
@@ -192,7 +205,9 @@ Status Divide(const Number& a, const Number& b, Number& result)
         return Fit(exact, kMostPlaces, result);
     }
     const auto scale = static_cast<std::size_t>(exact.places - difference);
-    auto [quotient, rest] = divisor.Divide(Product(a.magnitude, kPowers[scale]));
+    auto [quotient, rest] =
+        divisor.Divide(HighHalf(a.magnitude) == 0 ? Product(LowHalf(a.magnitude), kPowers[scale])
+                                                  : Product(a.magnitude, kPowers[scale]));
     if (rest == 0) {
         StripZeros(quotient, exact.places, std::max<std::int64_t>(difference, 0));
     } else {

@@ -20,9 +20,9 @@ struct Exact {
     bool cut = false; ///< there is something behind the last digit, less than one unit of it
 };
 
-/// The magnitude without its last `drop` digits, rounded; at most one digit more than it has may
-/// be dropped, and the result must be below 2^96. `inexact` is set when a digit dropped is not 0,
-/// and counts as such a digit when it is set already.
+/// The magnitude without its last `drop` digits, at most 77, rounded; the result must be below
+/// 2^96. `inexact` is set when a digit dropped is not 0, and counts as such a digit when it is set
+/// already.
 uint128 Shortened(Wide magnitude, int drop, Rounding method, bool& inexact);
 
 /// The number of at most 28 digits and `mostPlaces` places that is nearest to the exact one, ties

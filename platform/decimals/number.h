@@ -17,9 +17,22 @@ enum class Status {
     DivisionByZero, ///< there is no result
 };
 
-/// (negative ? -1 : 1) * magnitude / 10^places. Magnitudes are at most 2^95.
+/// A magnitude at rest, in two words: one piece of 128 bits in memory would be written in halves
+/// and read as a whole, and the processor would have to wait.
+class Magnitude {
+public:
+    constexpr Magnitude(uint128 number) : m_low(LowHalf(number)), m_high(HighHalf(number)) {}
+    constexpr operator uint128() const { return Joined(m_high, m_low); }
+
+private:
+    std::uint64_t m_low;
+    std::uint64_t m_high;
+};
+
+/// (negative ? -1 : 1) * magnitude / 10^places. Magnitudes are at most 2^95, that of the lowest
+/// mantissa.
 struct Number {
-    uint128 magnitude;
+    Magnitude magnitude;
     std::int64_t places;
     bool negative;
 };

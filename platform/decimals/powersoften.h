@@ -22,7 +22,7 @@ inline constexpr auto kPowers64 = [] {
 inline constexpr auto kPowers = [] {
     std::array<Wide, 78> powers{ToWide(1)};
     for (std::size_t i = 1; i < powers.size(); ++i)
-        powers[i] = Product(10, powers[i - 1]);
+        powers[i] = Product(std::uint64_t{10}, powers[i - 1]);
     return powers;
 }();
 
@@ -40,16 +40,34 @@ static_assert(kPowers64[19] == 10000000000000000000U);
 static_assert(Power128(38) / Power128(19) == kPowers64[19]);
 static_assert(BitLength(kPowers[77]) == 256);
 
-/// The digits of a number without its leading zeros; 0 has none.
-template <typename Number>
-constexpr int CountDigits(const Number& number)
+/// 1233/4096 is log10(2), near enough for 256 bits: all digits of a number of so many bits but
+/// perhaps the first.
+constexpr std::size_t SureDigits(int bits)
 {
-    // 1233/4096 is log10(2), near enough for 256 bits; it tells all digits but the last.
-    const int atLeast = BitLength(number) * 1233 >> 12;
-    if constexpr (sizeof(Number) == sizeof(Wide))
-        return atLeast + (Compare(number, kPowers[static_cast<std::size_t>(atLeast)]) >= 0 ? 1 : 0);
-    else
-        return atLeast + (number >= Power128(atLeast) ? 1 : 0);
+    return static_cast<std::size_t>(bits * 1233 >> 12);
+}
+
+/// The digits of a number without its leading zeros; 0 has none.
+constexpr int CountDigits(std::uint64_t number)
+{
+    const std::size_t sure = SureDigits(64 - std::countl_zero(number));
+    return static_cast<int>(sure) + (number >= kPowers64[sure] ? 1 : 0);
+}
+
+constexpr int CountDigits(uint128 number)
+{
+    if (HighHalf(number) == 0)
+        return CountDigits(LowHalf(number));
+    const std::size_t sure = SureDigits(BitLength(number));
+    return static_cast<int>(sure) + (number >= kPowers[sure].Low() ? 1 : 0);
+}
+
+constexpr int CountDigits(const Wide& number)
+{
+    if (Fits128(number))
+        return CountDigits(number.Low());
+    const std::size_t sure = SureDigits(BitLength(number));
+    return static_cast<int>(sure) + (Compare(number, kPowers[sure]) >= 0 ? 1 : 0);
 }
 
 constexpr bool DigitsAreCounted()
@@ -58,8 +76,6 @@ constexpr bool DigitsAreCounted()
         const int digits = static_cast<int>(i);
         const Wide below = Difference(kPowers[i], ToWide(1));
         if (CountDigits(kPowers[i]) != digits + 1 || CountDigits(below) != digits)
-            return false;
-        if (digits <= kLargestPower128 && CountDigits(below.Low()) != digits)
             return false;
     }
     return true;
@@ -104,9 +120,21 @@ struct Quotient128 {
     uint128 remainder;
 };
 
-/// Divides by 10^exponent, exponent 0 to 37; the quotient must be below 2^96.
-constexpr Quotient128 DividedByPower(const Wide& number, int exponent)
+/// Divides up to 128 bits by a power of ten of 64 bits.
+inline Quotient128 DividedByShortPower(uint128 number, std::uint64_t power)
 {
+    const std::uint64_t high = HighHalf(number);
+    if (high == 0)
+        return {LowHalf(number) / power, LowHalf(number) % power};
+    const Quotient64 low = Divided(high % power, LowHalf(number), power);
+    return {Joined(high / power, low.quotient), low.remainder};
+}
+
+/// Divides by 10^exponent, exponent 0 to 37; the quotient must be below 2^96.
+inline Quotient128 DividedByPower(const Wide& number, int exponent)
+{
+    if (exponent <= kLargestPower64 && Fits128(number))
+        return DividedByShortPower(number.Low(), kPowers64[static_cast<std::size_t>(exponent)]);
     const PowerDivisor& divisor = kDivisors[static_cast<std::size_t>(exponent)];
     const uint128 power = Power128(exponent);
     const uint128 head = ShiftedRight(number, divisor.shift);

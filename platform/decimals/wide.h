@@ -85,6 +85,15 @@ constexpr Wide Product(uint128 a, const Wide& b)
     return ToWide(low.Low(), low.High() + high);
 }
 
+/// The product of a short number, which must fit.
+constexpr Wide Product(std::uint64_t a, const Wide& b)
+{
+    const uint128 first = uint128{a} * b.limb[0];
+    const uint128 second = uint128{a} * b.limb[1] + HighHalf(first);
+    const uint128 third = uint128{a} * b.limb[2] + HighHalf(second);
+    return {{LowHalf(first), LowHalf(second), LowHalf(third), a * b.limb[3] + HighHalf(third)}};
+}
+
 constexpr int BitLength(uint128 number)
 {
     return HighHalf(number) != 0 ? 128 - std::countl_zero(HighHalf(number))
@@ -118,20 +127,16 @@ struct Quotient64 {
     std::uint64_t remainder;
 };
 
-/// Divides 128 bits by 64; `high` must be below the divisor.
+/// Divides 128 bits by 64; `high` must be below the divisor. One instruction, which compilers do
+/// not use by themselves.
 inline Quotient64 Divided(std::uint64_t high, std::uint64_t low, std::uint64_t divisor)
 {
-#if defined(__x86_64__)
     Quotient64 result;
     __asm__("divq %4"
             : "=a"(result.quotient), "=d"(result.remainder)
             : "a"(low), "d"(high), "r"(divisor)
             : "cc");
     return result;
-#else
-    const uint128 dividend = Joined(high, low);
-    return {LowHalf(dividend / divisor), LowHalf(dividend % divisor)};
-#endif
 }
 
 /// Divides the number by 64 bits in place and returns the remainder.
