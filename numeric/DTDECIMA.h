@@ -159,10 +159,11 @@ public:
     /// Rounds to the power of ten `position`: -2 keeps hundredths, 0 whole units, 1 rounds to tens.
     /// Nothing happens to an undefined value or when there is no digit to drop; else the value is
     /// marked modified. RundungFuenfer takes off what exceeds a multiple of 0.1, a further 0.1 if
-    /// the rest is negative, and gives back 0.05 if more than that is missing.
+    /// the rest is negative, and gives back 0.05 if more than that is missing. A positive number
+    /// keeps at most 36 decimals, a negative one 27.
     ZelDtDecimal& Round(short position, Rundungsart kind);
     /// Drops the decimals beyond `places`, toward zero, defined or not; marks the value modified
-    /// unless it has exactly that many already.
+    /// unless it has exactly that many already. The same limits hold.
     ZelDtDecimal& Truncate(unsigned short places);
 
     // SQL

@@ -89,9 +89,8 @@ enum class Comparison { Less, Greater, LessOrEqual, GreaterOrEqual, Equal, Unequ
 template <Arithmetic kind>
 constexpr bool isProductOrQuotient = kind == Arithmetic::Multiply || kind == Arithmetic::Divide;
 
-/// What plain numbers of all types are in a calculation.
-template <typename Number>
-double ToDouble(Number number)
+/// The nearest double: on some targets a long has more digits than that.
+double ToDouble(long number)
 {
     return static_cast<double>(number);
 }
@@ -230,12 +229,12 @@ ZelDtDouble ZelDtDouble::operator+(const ZelDtDouble& right) const
 
 ZelDtDouble ZelDtDouble::operator+(const double& right) const
 {
-    return WithRightNumber<Arithmetic::Add>(kPlusDouble, *this, ToDouble(right));
+    return WithRightNumber<Arithmetic::Add>(kPlusDouble, *this, right);
 }
 
 ZelDtDouble ZelDtDouble::operator+(int right) const
 {
-    return WithRightNumber<Arithmetic::Add>(kPlusInt, *this, ToDouble(right));
+    return WithRightNumber<Arithmetic::Add>(kPlusInt, *this, right);
 }
 
 ZelDtDouble ZelDtDouble::operator+(long right) const
@@ -245,12 +244,12 @@ ZelDtDouble ZelDtDouble::operator+(long right) const
 
 ZelDtDouble operator+(double left, const ZelDtDouble& right)
 {
-    return WithLeftNumber<Arithmetic::Add>(kDoublePlus, ToDouble(left), right);
+    return WithLeftNumber<Arithmetic::Add>(kDoublePlus, left, right);
 }
 
 ZelDtDouble operator+(int left, const ZelDtDouble& right)
 {
-    return WithLeftNumber<Arithmetic::Add>(kIntPlus, ToDouble(left), right);
+    return WithLeftNumber<Arithmetic::Add>(kIntPlus, left, right);
 }
 
 ZelDtDouble operator+(long left, const ZelDtDouble& right)
@@ -265,12 +264,12 @@ ZelDtDouble ZelDtDouble::operator-(const ZelDtDouble& right) const
 
 ZelDtDouble ZelDtDouble::operator-(const double& right) const
 {
-    return WithRightNumber<Arithmetic::Subtract>(kMinusDouble, *this, ToDouble(right));
+    return WithRightNumber<Arithmetic::Subtract>(kMinusDouble, *this, right);
 }
 
 ZelDtDouble ZelDtDouble::operator-(int right) const
 {
-    return WithRightNumber<Arithmetic::Subtract>(kMinusInt, *this, ToDouble(right));
+    return WithRightNumber<Arithmetic::Subtract>(kMinusInt, *this, right);
 }
 
 ZelDtDouble ZelDtDouble::operator-(long right) const
@@ -280,12 +279,12 @@ ZelDtDouble ZelDtDouble::operator-(long right) const
 
 ZelDtDouble operator-(double left, const ZelDtDouble& right)
 {
-    return WithLeftNumber<Arithmetic::Subtract>(kDoubleMinus, ToDouble(left), right);
+    return WithLeftNumber<Arithmetic::Subtract>(kDoubleMinus, left, right);
 }
 
 ZelDtDouble operator-(int left, const ZelDtDouble& right)
 {
-    return WithLeftNumber<Arithmetic::Subtract>(kIntMinus, ToDouble(left), right);
+    return WithLeftNumber<Arithmetic::Subtract>(kIntMinus, left, right);
 }
 
 ZelDtDouble operator-(long left, const ZelDtDouble& right)
@@ -300,12 +299,12 @@ ZelDtDouble ZelDtDouble::operator*(const ZelDtDouble& right) const
 
 ZelDtDouble ZelDtDouble::operator*(const double& right) const
 {
-    return WithRightNumber<Arithmetic::Multiply>(kTimesDouble, *this, ToDouble(right));
+    return WithRightNumber<Arithmetic::Multiply>(kTimesDouble, *this, right);
 }
 
 ZelDtDouble ZelDtDouble::operator*(int right) const
 {
-    return WithRightNumber<Arithmetic::Multiply>(kTimesInt, *this, ToDouble(right));
+    return WithRightNumber<Arithmetic::Multiply>(kTimesInt, *this, right);
 }
 
 ZelDtDouble ZelDtDouble::operator*(long right) const
@@ -315,12 +314,12 @@ ZelDtDouble ZelDtDouble::operator*(long right) const
 
 ZelDtDouble operator*(double left, const ZelDtDouble& right)
 {
-    return WithLeftNumber<Arithmetic::Multiply>(kDoubleTimes, ToDouble(left), right);
+    return WithLeftNumber<Arithmetic::Multiply>(kDoubleTimes, left, right);
 }
 
 ZelDtDouble operator*(int left, const ZelDtDouble& right)
 {
-    return WithLeftNumber<Arithmetic::Multiply>(kIntTimes, ToDouble(left), right);
+    return WithLeftNumber<Arithmetic::Multiply>(kIntTimes, left, right);
 }
 
 ZelDtDouble operator*(long left, const ZelDtDouble& right)
@@ -335,12 +334,12 @@ ZelDtDouble ZelDtDouble::operator/(const ZelDtDouble& right) const
 
 ZelDtDouble ZelDtDouble::operator/(const double& right) const
 {
-    return WithRightNumber<Arithmetic::Divide>(kDividedDouble, *this, ToDouble(right));
+    return WithRightNumber<Arithmetic::Divide>(kDividedDouble, *this, right);
 }
 
 ZelDtDouble ZelDtDouble::operator/(int right) const
 {
-    return WithRightNumber<Arithmetic::Divide>(kDividedInt, *this, ToDouble(right));
+    return WithRightNumber<Arithmetic::Divide>(kDividedInt, *this, right);
 }
 
 ZelDtDouble ZelDtDouble::operator/(long right) const
@@ -350,12 +349,12 @@ ZelDtDouble ZelDtDouble::operator/(long right) const
 
 ZelDtDouble operator/(double left, const ZelDtDouble& right)
 {
-    return WithLeftNumber<Arithmetic::Divide>(kDoubleDivided, ToDouble(left), right);
+    return WithLeftNumber<Arithmetic::Divide>(kDoubleDivided, left, right);
 }
 
 ZelDtDouble operator/(int left, const ZelDtDouble& right)
 {
-    return WithLeftNumber<Arithmetic::Divide>(kIntDivided, ToDouble(left), right);
+    return WithLeftNumber<Arithmetic::Divide>(kIntDivided, left, right);
 }
 
 ZelDtDouble operator/(long left, const ZelDtDouble& right)
@@ -372,12 +371,12 @@ ZelDtDouble& ZelDtDouble::operator+=(const ZelDtDouble& right)
 
 ZelDtDouble& ZelDtDouble::operator+=(const double& right)
 {
-    return CombineNumber<Arithmetic::Add>(kAddDouble, *this, ToDouble(right));
+    return CombineNumber<Arithmetic::Add>(kAddDouble, *this, right);
 }
 
 ZelDtDouble& ZelDtDouble::operator+=(int right)
 {
-    return CombineNumber<Arithmetic::Add>(kAddInt, *this, ToDouble(right));
+    return CombineNumber<Arithmetic::Add>(kAddInt, *this, right);
 }
 
 ZelDtDouble& ZelDtDouble::operator+=(long right)
@@ -392,12 +391,12 @@ ZelDtDouble& ZelDtDouble::operator-=(const ZelDtDouble& right)
 
 ZelDtDouble& ZelDtDouble::operator-=(const double& right)
 {
-    return CombineNumber<Arithmetic::Subtract>(kSubtractDouble, *this, ToDouble(right));
+    return CombineNumber<Arithmetic::Subtract>(kSubtractDouble, *this, right);
 }
 
 ZelDtDouble& ZelDtDouble::operator-=(int right)
 {
-    return CombineNumber<Arithmetic::Subtract>(kSubtractInt, *this, ToDouble(right));
+    return CombineNumber<Arithmetic::Subtract>(kSubtractInt, *this, right);
 }
 
 ZelDtDouble& ZelDtDouble::operator-=(long right)
@@ -434,12 +433,12 @@ int ZelDtDouble::operator<(const ZelDtDouble& right) const
 
 int ZelDtDouble::operator<(const double& right) const
 {
-    return CompareNumber<Comparison::Less>(kLessDouble, *this, ToDouble(right));
+    return CompareNumber<Comparison::Less>(kLessDouble, *this, right);
 }
 
 int ZelDtDouble::operator<(int right) const
 {
-    return CompareNumber<Comparison::Less>(kLessInt, *this, ToDouble(right));
+    return CompareNumber<Comparison::Less>(kLessInt, *this, right);
 }
 
 int ZelDtDouble::operator<(long right) const
@@ -454,12 +453,12 @@ int ZelDtDouble::operator>(const ZelDtDouble& right) const
 
 int ZelDtDouble::operator>(const double& right) const
 {
-    return CompareNumber<Comparison::Greater>(kGreaterDouble, *this, ToDouble(right));
+    return CompareNumber<Comparison::Greater>(kGreaterDouble, *this, right);
 }
 
 int ZelDtDouble::operator>(int right) const
 {
-    return CompareNumber<Comparison::Greater>(kGreaterInt, *this, ToDouble(right));
+    return CompareNumber<Comparison::Greater>(kGreaterInt, *this, right);
 }
 
 int ZelDtDouble::operator>(long right) const
@@ -474,12 +473,12 @@ int ZelDtDouble::operator<=(const ZelDtDouble& right) const
 
 int ZelDtDouble::operator<=(const double& right) const
 {
-    return CompareNumber<Comparison::LessOrEqual>(kLessOrEqualDouble, *this, ToDouble(right));
+    return CompareNumber<Comparison::LessOrEqual>(kLessOrEqualDouble, *this, right);
 }
 
 int ZelDtDouble::operator<=(int right) const
 {
-    return CompareNumber<Comparison::LessOrEqual>(kLessOrEqualInt, *this, ToDouble(right));
+    return CompareNumber<Comparison::LessOrEqual>(kLessOrEqualInt, *this, right);
 }
 
 int ZelDtDouble::operator<=(long right) const
@@ -494,12 +493,12 @@ int ZelDtDouble::operator>=(const ZelDtDouble& right) const
 
 int ZelDtDouble::operator>=(const double& right) const
 {
-    return CompareNumber<Comparison::GreaterOrEqual>(kGreaterOrEqualDouble, *this, ToDouble(right));
+    return CompareNumber<Comparison::GreaterOrEqual>(kGreaterOrEqualDouble, *this, right);
 }
 
 int ZelDtDouble::operator>=(int right) const
 {
-    return CompareNumber<Comparison::GreaterOrEqual>(kGreaterOrEqualInt, *this, ToDouble(right));
+    return CompareNumber<Comparison::GreaterOrEqual>(kGreaterOrEqualInt, *this, right);
 }
 
 int ZelDtDouble::operator>=(long right) const
@@ -514,12 +513,12 @@ int ZelDtDouble::operator==(const ZelDtDouble& right) const
 
 int ZelDtDouble::operator==(const double& right) const
 {
-    return CompareNumber<Comparison::Equal>(kEqualDouble, *this, ToDouble(right));
+    return CompareNumber<Comparison::Equal>(kEqualDouble, *this, right);
 }
 
 int ZelDtDouble::operator==(int right) const
 {
-    return CompareNumber<Comparison::Equal>(kEqualInt, *this, ToDouble(right));
+    return CompareNumber<Comparison::Equal>(kEqualInt, *this, right);
 }
 
 int ZelDtDouble::operator==(long right) const
@@ -534,12 +533,12 @@ int ZelDtDouble::operator!=(const ZelDtDouble& right) const
 
 int ZelDtDouble::operator!=(const double& right) const
 {
-    return CompareNumber<Comparison::Unequal>(kUnequalDouble, *this, ToDouble(right));
+    return CompareNumber<Comparison::Unequal>(kUnequalDouble, *this, right);
 }
 
 int ZelDtDouble::operator!=(int right) const
 {
-    return CompareNumber<Comparison::Unequal>(kUnequalInt, *this, ToDouble(right));
+    return CompareNumber<Comparison::Unequal>(kUnequalInt, *this, right);
 }
 
 int ZelDtDouble::operator!=(long right) const

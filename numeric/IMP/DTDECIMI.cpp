@@ -2,6 +2,7 @@
 
 #include "foundation/DTGUARD.h"
 #include "foundation/DT_IUTIL.h"
+#include "platform/runtime/digits.h"
 
 #include <algorithm>
 #include <array>
@@ -13,6 +14,7 @@ using zeldt::ErrorNo;
 using zeldt::Guarded;
 using zeldt::Operation;
 using zeldt::Raise;
+using zelrt::IsDigit;
 
 constexpr Operation Op(const char* signature)
 {
@@ -68,11 +70,6 @@ const RWDecimal96 currencyMaximum("922337203685477.5807");
 const RWDecimal96 currencyMinimum("-922337203685477.5808");
 
 // Reading texts
-
-constexpr bool IsDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
 
 constexpr bool IsSign(char c)
 {

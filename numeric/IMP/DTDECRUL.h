@@ -87,7 +87,8 @@ ZelDtDecimal WithRightNumber(const Operation& operation, const ZelDtDecimal& a, 
     });
 }
 
-/// Zero as the left side: a copy of the right one, its opposite, or zero itself.
+/// Zero as the left side: of a sum a copy of the right one, of a difference its opposite, of a
+/// product or quotient zero itself.
 template <typename Computing, typename Plain>
 ZelDtDecimal WithLeftZero(Plain zero, const ZelDtDecimal& b)
 {
@@ -105,15 +106,17 @@ ZelDtDecimal WithLeftNumber(const Operation& operation, Plain a, const ZelDtDeci
     return Calculate(operation, [&]() -> ZelDtDecimal {
         if (b.IsMissing())
             return ZelDtDecimal(ZelDtWmDefault);
-        if (std::is_same_v<Computing, Remainder>)
+        if constexpr (std::is_same_v<Computing, Remainder>) {
             return Combined<Computing>(NumberOf(a), b);
-        if (isQuotient<Computing> && b.IsDefined() && DecimalAccess::Number(b).IsZero())
-            Raise(operation, ErrorNo::DivisionByZero);
-        if (dropsNull<Computing> && b.IsNull())
-            return ZelDtDecimal(a);
-        if (IsZero(a))
-            return WithLeftZero<Computing>(a, b);
-        return Combined<Computing>(NumberOf(a), b);
+        } else {
+            if (isQuotient<Computing> && b.IsDefined() && DecimalAccess::Number(b).IsZero())
+                Raise(operation, ErrorNo::DivisionByZero);
+            if (dropsNull<Computing> && b.IsNull())
+                return ZelDtDecimal(a);
+            if (IsZero(a))
+                return WithLeftZero<Computing>(a, b);
+            return Combined<Computing>(NumberOf(a), b);
+        }
     });
 }
 

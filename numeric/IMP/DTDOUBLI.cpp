@@ -1,6 +1,7 @@
 #include "numeric/IMP/DTDOUBLI.h"
 
 #include "foundation/DTGUARD.h"
+#include "platform/runtime/digits.h"
 
 #include <algorithm>
 #include <charconv>
@@ -14,6 +15,8 @@ using zeldt::DoubleStatus;
 using zeldt::ErrorNo;
 using zeldt::Operation;
 using zeldt::Raise;
+using zelrt::IsDigit;
+using zelrt::IsSpace;
 
 constexpr Operation Op(const char* signature)
 {
@@ -24,6 +27,7 @@ constexpr Operation kConvAsciiToDouble = Op("ConvAsciiToDouble(LPCTSTR)");
 constexpr Operation kConvDoubleToAscii = Op("ConvDoubleToAscii(double)");
 
 constexpr int kExternDigits = 16;
+constexpr std::uint64_t kExternLimit = 10'000'000'000'000'000; // 10^kExternDigits
 
 /// A decimal number rounded to the digits of the external text: digits * 10^(exponent - 15).
 struct RoundedDecimal {
@@ -35,16 +39,6 @@ struct RoundedDecimal {
 
 /// 1.7976931348623157E+308, rounded.
 constexpr RoundedDecimal kLargest{1797693134862316, 308};
-
-bool IsSpace(char c)
-{
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
-
-bool IsDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
 
 /// What an exponent says, "e" and sign included; saturates far outside of what digits make up for.
 std::int64_t ReadExponent(std::string_view text)
@@ -86,6 +80,10 @@ RoundedDecimal Round(std::string_view number)
     }
     for (; count < kExternDigits; ++count)
         result.digits *= 10;
+    if (result.digits == kExternLimit) {
+        result.digits /= 10;
+        ++result.exponent;
+    }
     if (mark < number.size())
         result.exponent += ReadExponent(number.substr(mark));
     return result;

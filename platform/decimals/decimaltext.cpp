@@ -1,6 +1,7 @@
 #include "platform/decimals/decimaltext.h"
 
 #include "platform/decimals/arithmetic.h"
+#include "platform/runtime/digits.h"
 
 #include <algorithm>
 #include <cstring>
@@ -10,10 +11,7 @@ namespace zeldec {
 
 namespace {
 
-constexpr bool IsDigit(char c)
-{
-    return static_cast<unsigned char>(c - '0') <= 9;
-}
+using zelrt::IsDigit;
 
 constexpr unsigned DigitOf(char c)
 {

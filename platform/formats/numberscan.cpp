@@ -1,17 +1,16 @@
 #include "platform/formats/numberscan.h"
 
+#include "platform/runtime/digits.h"
+
 #include <algorithm>
 
 namespace zelformat {
 
 namespace {
 
-constexpr int kExponentLimit = 100'000'000;
+using zelrt::IsDigit;
 
-bool IsDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
+constexpr int kExponentLimit = 100'000'000;
 
 bool IsSign(char c)
 {

@@ -13,8 +13,7 @@ inline constexpr std::size_t kDoubleTextRoom = 40;
 
 /// Writes a finite number with 15 significant digits, rounded correctly with exact ties to the even
 /// digit, trailing zeros dropped and the point always kept. From 0.1 to below 1E+15 the digits
-/// stand as they are ("123456.", "0.5"; zero is "0."), else with an exponent of at least three
-/// digits
+/// stand as they are ("123456.", "0.5"; zero is "0."), else with an exponent of three digits
 /// ("1.e+020", "1.23e-002"). Writes no terminator; returns the end of the text. `buffer` has room
 /// for kDoubleTextRoom bytes, and what lies there behind the text is undefined. Never depends on
 /// the locale.

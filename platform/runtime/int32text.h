@@ -4,6 +4,8 @@
 /// The runtime's `strtol` with base 10, as if `long` had 32 bits on every target.
 /// Private to this project; not installed.
 
+#include "platform/runtime/digits.h"
+
 #include <cstdint>
 
 namespace zelrt {
@@ -20,7 +22,7 @@ struct Int32Text {
 inline Int32Text ParseInt32(const char* first, const char* last) noexcept
 {
     const char* p = first;
-    while (p != last && (*p == ' ' || (*p >= '\t' && *p <= '\r')))
+    while (p != last && IsSpace(*p))
         ++p;
     const bool negative = p != last && *p == '-';
     if (p != last && (*p == '-' || *p == '+'))
@@ -30,7 +32,7 @@ inline Int32Text ParseInt32(const char* first, const char* last) noexcept
     constexpr std::int64_t kMagnitudeLimit = std::int64_t{INT32_MAX} + 2;
     std::int64_t magnitude = 0;
     const char* const digits = p;
-    for (; p != last && *p >= '0' && *p <= '9'; ++p) {
+    for (; p != last && IsDigit(*p); ++p) {
         magnitude = magnitude * 10 + (*p - '0');
         if (magnitude > kMagnitudeLimit)
             magnitude = kMagnitudeLimit;

@@ -5,6 +5,9 @@
 
 #include "platform/decimals/RWDecimal96.h"
 
+#include <limits>
+#include <string>
+
 namespace {
 
 using namespace zeltest;
@@ -59,6 +62,57 @@ TEST(Handlers, OfOthersGiveWayToThoseOfDecimals)
             FailsWith([] { ZelDtDecimal number("099999999999999999999999999999"); },
                       ConstructionError("ZelDtDecimal :: ZelDtDecimal( LPCTSTR const pszString )"),
                       OverflowError()));
+    }
+}
+
+/// Whether the overflows and roundings of the decimal library are those of decimals.
+void ExpectHandlersOfDecimals(const char* after)
+{
+    EXPECT_TRUE(FailsWith([] { RWDecimal96(kLargest) * RWDecimal96(10); }, OverflowError()))
+        << after;
+    const Caught caught = Catch([] { RWDecimal96(1) / RWDecimal96(3); });
+    EXPECT_EQ(caught.disturbance, "nothing") << after;
+}
+
+TEST(Handlers, AreInForceBeforeAnyTextOrNumberIsLookedAt)
+{
+    const std::string construction = "ZelDtDecimal :: ZelDtDecimal( LPCTSTR const pszString )";
+    const struct {
+        const char* text;
+        Error first;
+    } rows[] = {
+        {nullptr, TextError(5)},
+        {"abc", TextError(20)},
+        {"1.2.3", TextError(20)},
+        {"000000000000000000000000000000000000000", TextError(11)}, // 39 bytes
+        {"12345678901234567890123456789", TextError(11)},           // 29 digits
+        {"1-1", ImpError(20, "ConvAsciiToRW96(LPCTSTR)")},
+    };
+    for (const auto& row : rows) {
+        const char* const name = row.text == nullptr ? "null" : row.text;
+        {
+            const OtherHandlers others(&ThrowSomethingElse, &RefuseToRound);
+            EXPECT_TRUE(FailsWith([&] { ZelDtDecimal number(row.text); },
+                                  ConstructionError(construction), row.first))
+                << name;
+            ExpectHandlersOfDecimals(name);
+        }
+        const ZelDtString string(row.text == nullptr ? "" : row.text);
+        if (row.text != nullptr) {
+            const OtherHandlers others(&ThrowSomethingElse, &RefuseToRound);
+            EXPECT_TRUE(FailsLike([&] { ZelDtDecimal number(string); }, ConstructionError(""), "",
+                                  row.first))
+                << name;
+            ExpectHandlersOfDecimals(name);
+        }
+    }
+    for (const double number : {std::numeric_limits<double>::infinity(),
+                                std::numeric_limits<double>::quiet_NaN(), 1e28}) {
+        const OtherHandlers others(&ThrowSomethingElse, &RefuseToRound);
+        EXPECT_TRUE(FailsWith([=] { ZelDtDecimal value(number); },
+                              ConstructionError("ZelDtDecimal :: ZelDtDecimal( double dValue )"),
+                              OverflowError()));
+        ExpectHandlersOfDecimals("a double");
     }
 }
 

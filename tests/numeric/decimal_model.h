@@ -2,14 +2,15 @@
 #define ZELDT_TESTS_NUMERIC_DECIMAL_MODEL_H
 
 /// What decimals are to do, told a second time: numbers as digits on paper, and the rules about
-/// defined, missing and null operands as tables. Slow, plain, and sharing nothing with the library.
+/// defined, missing and null operands as tables. Slow, plain, and independent of the library: the
+/// digits of doubles come from printf, by trial.
 
 #include "tests/numeric/number_testing.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <cstdio>
 #include <cstdlib>
 #include <optional>
 #include <ostream>
@@ -173,14 +174,13 @@ inline Decimal Dropped(const Decimal& number, int places, Method method)
     return {number.negative && head != "0", head, places};
 }
 
-/// The number as a result: at most 28 digits and 27 places.
-inline Result Fitted(Decimal number)
+/// The number as a result: at most 28 digits and `most` places.
+inline Result Fitted(Decimal number, int most = 27)
 {
     if (number.places < 0)
         number = Extended(number, 0);
-    const int length = static_cast<int>(number.digits.size());
-    const int whole = number.IsZero() ? 0 : std::max(0, length - number.places);
-    const int places = std::min({number.places, 27, 28 - whole});
+    const int length = number.IsZero() ? 0 : static_cast<int>(number.digits.size());
+    const int places = std::min({number.places, most, number.places + 28 - length});
     if (places < 0)
         return std::nullopt;
     if (places < number.places)
@@ -270,26 +270,46 @@ inline Decimal Fraction(const Decimal& number)
     return *Difference(number, whole);
 }
 
-/// Rounded to at most `places` places; negative ones are tens, hundreds and so on.
+/// Rounded to at most `places` places; negative ones are tens, hundreds and so on. Positive numbers
+/// keep up to 36 places, as many as they may be read with.
 inline Result Rounded(const Decimal& number, int places, Method method)
 {
     if (places >= number.places)
         return number;
-    return Fitted(Dropped(number, places, method));
+    const int most = number.negative ? 27 : 36;
+    return Fitted(Dropped(number, std::min(places, most), method), most);
 }
 
-/// The shortest number that reads back as the same double.
-inline Result FromDouble(double number)
+/// A finite number to so many digits, the last one rounded.
+inline Decimal WithDigits(double number, int digits)
 {
-    if (!std::isfinite(number))
-        return std::nullopt;
     char text[40] = {};
-    std::to_chars(text, text + sizeof text - 1, number, std::chars_format::scientific);
+    std::snprintf(text, sizeof text, "%.*e", digits - 1, number);
     const std::string_view all(text);
     const std::size_t e = all.find('e');
     Decimal result = FromText(all.substr(0, e));
     result.places -= std::atoi(text + e + 1);
-    return result.IsZero() ? Decimal{} : Fitted(result);
+    return result;
+}
+
+/// The shortest number that reads back as the same double, of several the nearest one: the double
+/// rounded to so many digits. Only at powers of two, where the doubles below lie closer than those
+/// above, the number after it may read back when that one does not.
+inline Result FromDouble(double number)
+{
+    if (!std::isfinite(number))
+        return std::nullopt;
+    if (number == 0.0)
+        return Decimal{};
+    constexpr int enough = 17;
+    for (int digits = 1; digits < enough; ++digits) {
+        const Decimal nearest = WithDigits(number, digits);
+        const Decimal next = {nearest.negative, paper::Add(nearest.digits, "1"), nearest.places};
+        for (const Decimal& candidate : {nearest, next})
+            if (std::strtod(ToText(candidate).c_str(), nullptr) == number)
+                return Fitted(candidate);
+    }
+    return Fitted(WithDigits(number, enough));
 }
 
 // The rules about operands

@@ -40,6 +40,15 @@ Decimal RandomNumber(Dice& dice)
     return number;
 }
 
+/// The same, or a positive number with more places, as texts may have.
+Decimal RandomReadNumber(Dice& dice)
+{
+    Decimal number = RandomNumber(dice);
+    if (dice.Roll(3) == 0)
+        number = {false, number.digits, 28 + dice.Roll(9)};
+    return number;
+}
+
 std::vector<std::string> LimitTexts()
 {
     std::vector<std::string> texts = {"0",      "0.0000",  "1",      "-1",      kTiny,
@@ -232,8 +241,8 @@ TEST(RandomNumbers, RoundAsOnPaper)
 {
     Dice dice(16180339);
     for (int i = 0; i < 5000; ++i) {
-        const Decimal number = RandomNumber(dice);
-        const int places = dice.Roll(36) - 8;
+        const Decimal number = RandomReadNumber(dice);
+        const int places = dice.Roll(45) - 8;
         const int kind = dice.Roll(5);
         const bool away = kind == 3 || (kind == 1 && !number.negative && !number.IsZero()) ||
                           (kind == 2 && (number.negative || number.IsZero()));
@@ -252,7 +261,7 @@ TEST(RandomNumbers, RoundAsOnPaper)
             ASSERT_EQ(caught.first, OverflowError()) << number;
 
         ZelDtDecimal cut(ToText(number).c_str());
-        const int kept = dice.Roll(30);
+        const int kept = dice.Roll(38);
         cut.Truncate(static_cast<unsigned short>(kept));
         ASSERT_EQ(NumberOf(cut), ToText(*Rounded(number, kept, Method::TowardZero)));
     }

@@ -2,10 +2,17 @@
 
 #include "tests/numeric/double_testing.h"
 
+#include "tests/support/big_natural.h"
 #include "text/DTSTRING.h"
 
+#include <algorithm>
+#include <bit>
 #include <cerrno>
-#include <charconv>
+#include <cmath>
+#include <compare>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
 #include <random>
 #include <string>
 
@@ -154,23 +161,95 @@ TEST(AcceptedTexts, OfAnyLength)
     EXPECT_EQ(ZelDtDouble(("12.5" + std::string(100000, 'x')).c_str()).GetValue(), 12.5);
 }
 
+/// digits * base^exponent, exactly.
+struct Scaled {
+    BigNatural digits;
+    int exponent;
+};
+
+/// How a power of ten times a number compares with a power of two times another one.
+std::strong_ordering Compare(const Scaled& decimal, const Scaled& binary)
+{
+    const auto positive = [](int n) { return static_cast<std::size_t>(std::max(n, 0)); };
+    return decimal.digits * BigNatural::PowerOfTen(positive(decimal.exponent)) *
+               BigNatural::PowerOfTwo(positive(-binary.exponent)) <=>
+           binary.digits * BigNatural::PowerOfTwo(positive(binary.exponent)) *
+               BigNatural::PowerOfTen(positive(-decimal.exponent));
+}
+
+/// Whether a finite magnitude is the double nearest to the number, in ties the even one: the number
+/// lies between the middles of the way to its neighbours.
+bool IsNearest(double magnitude, const Scaled& number)
+{
+    const auto bits = std::bit_cast<std::uint64_t>(magnitude);
+    constexpr std::uint64_t hiddenBit = std::uint64_t{1} << 52;
+    const std::uint64_t field = bits / hiddenBit;
+    const std::uint64_t fraction = bits % hiddenBit;
+    const std::uint64_t significand = field == 0 ? fraction : fraction + hiddenBit;
+    const int exponent = static_cast<int>(std::max<std::uint64_t>(field, 1)) - 1075;
+    // Below a power of two doubles are half as far from each other.
+    const bool lowest = fraction == 0 && field > 1;
+    const Scaled above = {significand * 4 + 2, exponent - 2};
+    if (significand == 0)
+        return Compare(number, above) <= 0;
+    const Scaled below = {significand * 4 - (lowest ? 1 : 2), exponent - 2};
+    const bool even = significand % 2 == 0;
+    return even ? Compare(number, below) >= 0 && Compare(number, above) <= 0
+                : Compare(number, below) > 0 && Compare(number, above) < 0;
+}
+
 TEST(AcceptedTexts, AreTheNearestDoubles)
 {
-    // Against the standard library, with 1 to 20 random digits and exponents over the whole range.
+    // With 1 to 20 random digits and exponents over the whole range, subnormal numbers included.
     std::mt19937_64 random(20250301);
     for (int i = 0; i < 5000; ++i) {
-        std::string text = random() % 2 ? "-" : "";
-        const int digits = 1 + static_cast<int>(random() % 20);
+        const bool negative = random() % 2 != 0;
+        const int count = 1 + static_cast<int>(random() % 20);
         const int point = static_cast<int>(random() % 21);
-        for (int d = 0; d < digits; ++d) {
-            if (d == point)
-                text += '.';
-            text += static_cast<char>('0' + random() % 10);
+        const int exponent = static_cast<int>(random() % 634) - 345;
+        std::string digits;
+        for (int d = 0; d < count; ++d)
+            digits += static_cast<char>('0' + random() % 10);
+        std::string text = digits;
+        if (point < count)
+            text.insert(static_cast<std::size_t>(point), 1, '.');
+        text += 'e' + std::to_string(exponent);
+        const Scaled number = {BigNatural::FromDigits(digits),
+                               exponent - std::max(count - point, 0)};
+        const double value = ZelDtDouble(((negative ? "-" : "") + text).c_str()).GetValue();
+        ASSERT_EQ(std::signbit(value), negative) << text;
+        ASSERT_TRUE(std::isfinite(value)) << text;
+        const double magnitude = std::fabs(value);
+        ASSERT_TRUE(IsNearest(magnitude, number)) << text;
+        ASSERT_FALSE(IsNearest(std::nextafter(magnitude, kInfinity), number)) << text;
+        if (magnitude > 0.0) {
+            ASSERT_FALSE(IsNearest(std::nextafter(magnitude, 0.0), number)) << text;
         }
-        text += 'e' + std::to_string(static_cast<int>(random() % 570) - 295);
-        double expected = 0.0;
-        std::from_chars(text.data(), text.data() + text.size(), expected);
-        ASSERT_TRUE(Same(ZelDtDouble(text.c_str()).GetValue(), expected)) << text;
+    }
+}
+
+TEST(AcceptedTexts, AreTheEvenDoublesInTies)
+{
+    // Halfway between random doubles and the next ones, with all digits; and a little off.
+    std::mt19937_64 random(20250302);
+    for (int i = 0; i < 500; ++i) {
+        const std::uint64_t significand = (std::uint64_t{1} << 52) + random() % (1U << 30);
+        const int exponent = static_cast<int>(random() % 1400) - 700;
+        const auto power = static_cast<std::size_t>(std::abs(exponent - 1));
+        // n / 2^p is n * 5^p / 10^p.
+        const BigNatural factor =
+            exponent > 0 ? BigNatural::PowerOfTwo(power)
+                         : BigNatural::PowerOfTen(power) / BigNatural::PowerOfTwo(power);
+        const BigNatural middle = BigNatural(significand * 2 + 1) * factor;
+        const std::string suffix = "e-" + std::to_string(exponent > 0 ? 0 : power);
+        const double below = std::ldexp(static_cast<double>(significand), exponent);
+        const double above = std::ldexp(static_cast<double>(significand + 1), exponent);
+        const auto read = [&](const BigNatural& number) {
+            return ZelDtDouble((number.Text() + suffix).c_str()).GetValue();
+        };
+        ASSERT_EQ(read(middle), significand % 2 == 0 ? below : above) << middle.Text() << suffix;
+        ASSERT_EQ(read(middle - 1), below) << middle.Text() << suffix;
+        ASSERT_EQ(read(middle + 1), above) << middle.Text() << suffix;
     }
 }
 

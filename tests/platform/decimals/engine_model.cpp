@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::int64_t kMaxDigits = 28;
 constexpr std::int64_t kMaxPlaces = 27;
-/// Of positive numbers that are read from a text.
+/// Of positive numbers that are read from a text; rounding leaves them as many.
 constexpr std::int64_t kMaxPlacesRead = 36;
 
 std::int64_t MaxPlacesOfText(bool negative)
@@ -274,7 +274,7 @@ Result Round(const Decimal& number, std::int64_t places, Rounding method)
         return Keep(number);
     Result result;
     if (places >= 0) {
-        result = Fit(ExactOf(number), places, method);
+        result = Fit(ExactOf(number), places, method, MaxPlacesOfText(number.negative));
     } else {
         const BigNatural units = InUnits(ExactOf(number), places, method).mantissa;
         result = Fit({number.negative, units, 1, places}, 0);

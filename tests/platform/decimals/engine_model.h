@@ -4,7 +4,7 @@
 /// The rules of decimal arithmetic, stated once more on numbers of any size: every operation makes
 /// the exact value, a fraction of whole numbers, and fits it to the limits of a result.
 
-#include "big_natural.h"
+#include "tests/support/big_natural.h"
 
 #include <cstdint>
 #include <ostream>

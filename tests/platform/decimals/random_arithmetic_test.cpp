@@ -122,7 +122,7 @@ TEST(RandomArithmetic, Rounding)
     Agreement agreement;
     for (std::size_t i = 0; i < CaseCount() && agreement.GoesOn(); ++i) {
         const Decimal number = operands.DrawOne();
-        const auto places = static_cast<int>(operands.DrawInt(-28, 28));
+        const auto places = static_cast<int>(operands.DrawInt(-28, 36));
         const RawDecimal engineNumber(number);
         for (const Rounding method : kMethods) {
             agreement.Check(

@@ -80,6 +80,34 @@ TEST(Rounding, DropsDecimals)
         Check(row);
 }
 
+/// Positive numbers below 1 may be read with up to 36 places, and rounding leaves them so many.
+TEST(Rounding, OfPositiveNumbersWithMorePlacesThanResultsHave)
+{
+    const std::string number = "0.000000001234567890123456789012345678";
+    const std::string shorter = "0.0000000012345678901234567890123456";
+    const Row rows[] = {
+        {number, 35, Exact(shorter + "8"), Exact(shorter + "8"), Exact(shorter + "7")},
+        {number, 30, Exact("0.000000001234567890123456789012"),
+         Exact("0.000000001234567890123456789013"), Exact("0.000000001234567890123456789012")},
+        {number, 28, Exact("0.0000000012345678901234567890"),
+         Exact("0.0000000012345678901234567891"), Exact("0.0000000012345678901234567890")},
+        {number, 27, Exact("0.000000001234567890123456789"), Exact("0.000000001234567890123456790"),
+         Exact("0.000000001234567890123456789")},
+        {number, 9, Exact("0.000000001"), Exact("0.000000002"), Exact("0.000000001")},
+        {number, 8, Exact("0.00000000"), Exact("0.00000001"), Exact("0.00000000")},
+        {Fraction(36, "5"), 35, Exact(Fraction(35, "1")), Exact(Fraction(35, "1")),
+         Exact(Fraction(35, "0"))},
+        {Fraction(36, "4"), 35, Exact(Fraction(35, "0")), Exact(Fraction(35, "1")),
+         Exact(Fraction(35, "0"))},
+        {"0.00000000" + kNinesText, 35, Exact("0.00000001" + std::string(27, '0')),
+         Exact("0.00000001" + std::string(27, '0')), Exact("0.00000000" + std::string(27, '9'))},
+    };
+    for (const Row& row : rows)
+        Check(row);
+    Check(Same(number, 36, Exact(number)));
+    Check(Same(number, 37, Exact(number)));
+}
+
 TEST(Rounding, DropsZeros)
 {
     Check(Same("2.0", 0, Exact("2")));
@@ -159,7 +187,16 @@ TEST(Rounding, OfForeignNumbers)
         {{0, 0, 4}, -100, -101, Exact("0")},
         {{0, 0, 1}, 32767, 4, Exact("0.0000")},
         {{0, 0, 5}, 40, 40, Exact(Fraction(40, "5"))},
-        {{0, 0, 5}, 40, 39, Exact(Fraction(27, "0"))},
+        {{0, 0, 5}, 40, 39, Exact(Fraction(36, "0"))},
+        {{0, 0, 51}, 37, 36, Exact(Fraction(36, "5"))},
+        {{0, 0, 55}, 37, 36, Exact(Fraction(36, "6"))},
+        {{0, 0, 55}, 38, 37, Exact(Fraction(36, "1"))}, // 36 places are all that it keeps
+        {{0, 0, 0}, 40, 39, Exact(Fraction(36, "0"))},
+        {{-1, ~0U, ~0U - 4}, 40, 39, Exact(Fraction(27, "0"))}, // -5
+        {{-1, ~0U, ~0U - 4}, 28, 28, Exact("-" + Fraction(28, "5"))},
+        {{-1, ~0U, ~0U - 54}, 29, 28, Exact("-" + Fraction(27, "1"))}, // -55; 27 places
+        {{-1, ~0U, ~0U - 53}, 29, 28, Exact("-" + Fraction(27, "1"))}, // -54
+        {{-1, ~0U, ~0U - 48}, 29, 28, Exact(Fraction(27, "0"))},       // -49
         {kLargest, 0, 0, Exact("39614081257132168796771975167")},
         {kLargest, 5, 5, Exact("396140812571321687967719.75167")},
         {kLargest, 5, 4, Exact("396140812571321687967719.7517")},

@@ -1,4 +1,4 @@
-#include "big_natural.h"
+#include "tests/support/big_natural.h"
 
 #include <algorithm>
 #include <cassert>
