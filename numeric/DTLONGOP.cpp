@@ -6,4 +6,4 @@
 #define ZELDT_INTEGER_RULES zeldt::LongRules
 #define ZELDT_INTEGER_MODULE "DTLONG"
 
-#include "numeric/IMP/DTINTMEM.h"
+#include "numeric/IMP/DTINTMEM.inc"

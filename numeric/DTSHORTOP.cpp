@@ -6,4 +6,4 @@
 #define ZELDT_INTEGER_RULES zeldt::ShortRules
 #define ZELDT_INTEGER_MODULE "DTSHORT"
 
-#include "numeric/IMP/DTINTMEM.h"
+#include "numeric/IMP/DTINTMEM.inc"

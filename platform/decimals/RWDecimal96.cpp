@@ -491,5 +491,5 @@ RWDecimal96::operator RWDecimalPortable() const
 
 // The library's own objects need no order: they are constants and atomic pointers that are there
 // before any code runs.
-RWDecimal96Init::RWDecimal96Init() = default;
-RWDecimal96Init::~RWDecimal96Init() = default;
+RWDecimal96Init::RWDecimal96Init() {}
+RWDecimal96Init::~RWDecimal96Init() {}

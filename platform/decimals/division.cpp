@@ -160,7 +160,7 @@ uint128 ProductModulo(uint128 a, uint128 b, const Divisor& divisor, uint128 modu
 /// number * 10^exponent modulo the divisor; the number is below the divisor.
 uint128 ScaledModulo(uint128 number, std::int64_t exponent, const Divisor& divisor, uint128 modulus)
 {
-    constexpr std::int64_t kManySteps = 3 * kLargestPower64;
+    constexpr std::int64_t kManySteps = std::int64_t{3} * kLargestPower64;
     if (exponent > kManySteps) {
         uint128 square = 0;
         divisor.Divide(10, square);
