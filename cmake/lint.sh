@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-mapfile -t files < <(git ls-files '*.h' '*.cpp')
+mapfile -t files < <(git ls-files '*.h' '*.cpp' '*.inc')
 echo "clang-format: ${#files[@]} files"
 clang-format-14 --dry-run --Werror "${files[@]}"
 
