@@ -54,8 +54,12 @@ Outcome Arithmetic(char op, std::int64_t a, std::int64_t b)
 {
     if (op == '/' && b == 0)
         return {{}, CauseOf<V>(op, 12)};
-    const std::int64_t r = op == '+' ? a + b : op == '-' ? a - b : op == '*' ? a * b : a / b;
-    if (!InRange<V>(r))
+    std::int64_t r = 0;
+    const bool exceeds64Bits = op == '+'   ? __builtin_add_overflow(a, b, &r)
+                               : op == '-' ? __builtin_sub_overflow(a, b, &r)
+                               : op == '*' ? __builtin_mul_overflow(a, b, &r)
+                                           : (r = a / b, false);
+    if (exceeds64Bits || !InRange<V>(r))
         return {{}, CauseOf<V>(op, 8)};
     return {Defined(r), {}};
 }
