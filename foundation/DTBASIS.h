@@ -73,7 +73,8 @@ public:
     void Dump(CDumpContext& dc) const override;
 
     /// Makes the value undefined and marks it modified if it was defined and its mode is not
-    /// ZelDtWmAlwaysDefined. Value classes first reset their value.
+    /// ZelDtWmAlwaysDefined; a flag that is neither 0 nor 1 goes too. Value classes first reset
+    /// their value.
     virtual void Clear();
 
     /// Sets the modified flag as given.

@@ -118,8 +118,9 @@ public:
     /// included: "-", "0.", 36 places.
     static constexpr std::size_t kTextRoom = 40;
 
-    /// Writes what toString gives into `buffer` with a NUL, and returns its length. What needs
-    /// more than `room` bytes is not written: the result is then the length it would have.
+    /// Writes what toString gives into `buffer` with a NUL, and returns its length. The other of
+    /// the `room` bytes may be overwritten too. What needs more than these is not written: the
+    /// result is then the length it would have.
     std::size_t print(char* buffer, std::size_t room) const;
 
 protected:
@@ -159,6 +160,8 @@ ZELRW_API int operator>=(const RWDecimal96& a, const RWDecimal96& b);
 /// `base` multiplied `exponent` times, by squaring, each product rounded as products are; a
 /// negative exponent gives the reciprocal. Anything to the power of 0 is 1.
 ZELRW_API RWDecimal96 pow(const RWDecimal96& base, int exponent);
+/// Without the sign; the places stay. Only the lowest of all mantissas, which has no positive
+/// counterpart, is rounded or an overflow.
 ZELRW_API RWDecimal96 abs(const RWDecimal96& number);
 /// The number with at most `places` places; a negative number of places rounds to tens, hundreds
 /// and so on. Places are never added. Of more places than a text can give a number (36, or 27 for a

@@ -1,6 +1,5 @@
 #include "platform/decimals/decimaltext.h"
 
-#include "platform/decimals/arithmetic.h"
 #include "platform/runtime/digits.h"
 
 #include <algorithm>

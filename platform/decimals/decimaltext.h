@@ -19,8 +19,8 @@ enum class ParseStatus {
 /// Reads [`first`, `last`). `result` is set when the status is Ok or Inexact.
 ParseStatus Parse(const char* first, const char* last, Number& result);
 
-/// Writes the text of a number and a NUL into `room` bytes and returns its length. A text without
-/// room is not written.
+/// Writes the text of a number and a NUL into `room` bytes and returns its length. What else lies
+/// in the room may be overwritten. A text without room is not written.
 std::size_t Print(const Number& number, char* out, std::size_t room);
 
 } // namespace zeldec

@@ -207,24 +207,6 @@ TYPED_TEST(ArchivedObject, MayBeNone)
     EXPECT_EQ(value, nullptr);
 }
 
-/// Cause of the archive exception that reading the bytes as an object gives; -1 without one.
-template <typename V>
-int ArchiveCause(const Bytes& bytes)
-{
-    V* value = nullptr;
-    int cause = -1;
-    try {
-        Loaded(bytes, [&](CArchive& ar) { ar >> value; });
-        delete value;
-        value = nullptr;
-    } catch (CArchiveException* e) {
-        cause = e->m_cause;
-        e->Delete();
-    }
-    EXPECT_EQ(value, nullptr);
-    return cause;
-}
-
 TYPED_TEST(ArchivedObject, OfAnotherClassOrSchemaIsRefused)
 {
     using V = TypeParam;

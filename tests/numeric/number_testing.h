@@ -99,6 +99,24 @@ void BringByArchive(Value& target, const Bytes& bytes, const State& state)
     ASSERT_EQ(StateOf(target), state);
 }
 
+/// Cause of the archive exception that reading the bytes as an object gives; -1 without one.
+template <typename V>
+int ArchiveCause(const Bytes& bytes)
+{
+    V* value = nullptr;
+    int cause = -1;
+    try {
+        Loaded(bytes, [&](CArchive& ar) { ar >> value; });
+        delete value;
+        value = nullptr;
+    } catch (CArchiveException* e) {
+        cause = e->m_cause;
+        e->Delete();
+    }
+    EXPECT_EQ(value, nullptr);
+    return cause;
+}
+
 /// A value in any state; the test of the class says in a function Bring how that is reached.
 /// (Returning the value itself would go through its copy constructor.)
 template <typename Value>
