@@ -5,8 +5,7 @@
 #include "numeric/IMP/DTDECIMI.h"
 #include "platform/decimals/RWDecimalFormat.h"
 #include "platform/runtime/int32text.h"
-#include "text/DTSTRING.h"
-#include "text/IMP/DTTEXT.h"
+#include "text/IMP/DTVIEW.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -400,8 +399,7 @@ void ZelDtDecimal::SetFromExtern(const ZelDtString* text, int defined, unsigned 
         }
         if (!text->IsDefined())
             Raise(kSetFromExtern, ErrorNo::InconsistentDefinedness);
-        const std::string number =
-            PlainFromScientific({*text, static_cast<std::size_t>(text->GetLength())});
+        const std::string number = PlainFromScientific(ViewOf(*text));
         Access::Replace(*this, ZelDtDecimal_Imp(std::string_view(number)));
     });
 }

@@ -5,7 +5,7 @@
 #include "numeric/DTLONG.h"
 #include "numeric/DTSHORT.h"
 #include "numeric/IMP/DTDECIMI.h"
-#include "text/DTSTRING.h"
+#include "text/IMP/DTVIEW.h"
 
 IMPLEMENT_SERIAL(ZelDtDecimal, ZelDtBasis, 1)
 
@@ -52,11 +52,6 @@ ZelDtDecimal_Imp* MadeFrom(const Operation& operation, const Source& source)
     return Made(operation, static_cast<Number>(source));
 }
 
-std::string_view ViewOf(const ZelDtString& text)
-{
-    return {text, static_cast<std::size_t>(text.GetLength())};
-}
-
 } // namespace
 
 ZelDtDecimal::ZelDtDecimal(ZelDtWorkingMode mode) : ZelDtBasis(0, mode), m_pImp(Made(kFromMode, 0))
@@ -100,8 +95,8 @@ ZelDtDecimal::ZelDtDecimal(const ZelDtDouble& source)
 {}
 
 ZelDtDecimal::ZelDtDecimal(const ZelDtString& source)
-    : ZelDtBasis(source),
-      m_pImp(source.IsDefined() ? Made(kFromZelString, ViewOf(source)) : Made(kFromZelString, 0))
+    : ZelDtBasis(source), m_pImp(source.IsDefined() ? Made(kFromZelString, zeldt::ViewOf(source))
+                                                    : Made(kFromZelString, 0))
 {}
 
 ZelDtDecimal::ZelDtDecimal(const ZelDtDecimal& source)

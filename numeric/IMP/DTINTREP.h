@@ -9,7 +9,7 @@
 #include "foundation/DTCHECK.h"
 #include "foundation/DTFORMAT.h"
 #include "numeric/IMP/DTINTARI.h"
-#include "text/DTSTRING.h"
+#include "text/IMP/DTVIEW.h"
 
 namespace zeldt {
 
@@ -49,11 +49,7 @@ public:
         return Read(text);
     }
 
-    static Number FromText(const ZelDtString& text)
-    {
-        const char* const first = text;
-        return Read({first, static_cast<std::size_t>(text.GetLength())});
-    }
+    static Number FromText(const ZelDtString& text) { return Read(ViewOf(text)); }
 
     static Number FromDouble(double number)
     {

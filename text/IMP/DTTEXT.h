@@ -4,7 +4,7 @@
 /// What the sources of the string class share. Private to the library.
 
 #include "foundation/DTCHECK.h"
-#include "platform/framework/framework.h"
+#include "text/IMP/DTVIEW.h"
 #include "text/IMP/dtstrini.h"
 
 #include <string_view>
@@ -24,11 +24,6 @@ inline std::string_view RequiredView(const Operation& operation, const char* tex
     if (text == nullptr)
         Raise(operation, ErrorNo::InitialValue);
     return text;
-}
-
-inline std::string_view ViewOf(const CString& text)
-{
-    return {text.GetString(), static_cast<std::size_t>(text.GetLength())};
 }
 
 } // namespace zeldt
