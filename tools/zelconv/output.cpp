@@ -52,6 +52,28 @@ void ForgetTemporary(int slot)
         temporaryNames[static_cast<std::size_t>(slot)].inUse = false;
 }
 
+constexpr std::array kEndingSignals = {SIGHUP, SIGINT, SIGTERM};
+
+/// Keeps the signals that end the program waiting, so that none comes between the making of a
+/// temporary file and its name being known to the handler.
+class EndingSignalsHeld {
+public:
+    EndingSignalsHeld()
+    {
+        sigset_t held;
+        sigemptyset(&held);
+        for (const int signal : kEndingSignals)
+            sigaddset(&held, signal);
+        ::pthread_sigmask(SIG_BLOCK, &held, &m_before);
+    }
+    ~EndingSignalsHeld() { ::pthread_sigmask(SIG_SETMASK, &m_before, nullptr); }
+    EndingSignalsHeld(const EndingSignalsHeld&) = delete;
+    EndingSignalsHeld& operator=(const EndingSignalsHeld&) = delete;
+
+private:
+    sigset_t m_before{};
+};
+
 extern "C" void RemoveTemporariesAndDie(int signal)
 {
     for (const TemporaryName& name : temporaryNames) {
@@ -115,6 +137,7 @@ void OutputFile::OpenBeside(const std::string& target)
         const std::string temporary =
             path.parent_path() /
             (".zelconv-" + std::to_string(::getpid()) + "-" + std::to_string(attempt));
+        const EndingSignalsHeld held;
         m_descriptor =
             ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kPermissions);
         if (m_descriptor >= 0) {
@@ -208,7 +231,7 @@ void HandleSignals()
     ::sigaction(SIGPIPE, &action, nullptr);
     action.sa_handler = &RemoveTemporariesAndDie;
     action.sa_flags = static_cast<int>(SA_RESETHAND | SA_NODEFER);
-    for (const int signal : {SIGHUP, SIGINT, SIGTERM}) {
+    for (const int signal : kEndingSignals) {
         struct sigaction inherited {};
         // What the caller wants ignored stays so.
         if (::sigaction(signal, nullptr, &inherited) == 0 && inherited.sa_handler != SIG_IGN)
