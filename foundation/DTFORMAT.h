@@ -15,6 +15,22 @@ inline const ZelFormat& ChooseFormat(const ZelFormat* passed, const ZelFormat* o
     return own != nullptr ? *own : classDefault;
 }
 
+/// Whole numbers of at most so many characters, as they are written: a minus in front, nothing
+/// else.
+inline ZelFormat WholeNumberFormat(unsigned long places)
+{
+    return {places,
+            0,
+            ZelFormat::ZelFoDezimalOhne,
+            ZelFormat::ZelFoTausenderOhne,
+            ZelFormat::ZelFoVorzeichenVorne,
+            ZelFormat::ZelFoNurMinus,
+            0,
+            '0',
+            0,
+            '0'};
+}
+
 } // namespace zeldt
 
 #endif

@@ -315,6 +315,11 @@ public:
     friend ZelDtDecimal operator-(const char*, const ZelDtDecimal&) = delete;
     friend ZelDtDecimal operator-(const ZelDtDecimal&, const char*) = delete;
 
+    // The plain value of a boolean or character does not say that it is missing
+
+    template <typename Value>
+    zeldt::IfFlagOrChar<Value, ZelDtDecimal&> operator=(const Value&) = delete;
+
 private:
     friend struct zeldt::DecimalAccess;
 

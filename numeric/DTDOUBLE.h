@@ -216,6 +216,11 @@ public:
     friend int operator==(long l, const ZelDtDouble& r) { return r == l; }
     friend int operator!=(long l, const ZelDtDouble& r) { return r != l; }
 
+    // The plain value of a boolean or character does not say that it is missing
+
+    template <typename Value>
+    zeldt::IfFlagOrChar<Value, ZelDtDouble&> operator=(const Value&) = delete;
+
     // The sum of a text and a number is no place in the text
 
     friend ZelDtDouble operator+(const char*, const ZelDtDouble&) = delete;

@@ -40,7 +40,7 @@ constexpr Operation kConvToRecordSet = Op("ConvToRecordSet(CRecordset&,LONG&)");
 constexpr Operation kSerialize = Op("Serialize(CArchive&)");
 
 /// Builds the default format while the library is being loaded.
-[[maybe_unused]] const ZelFormat& defaultFormatAtLoad = Rep::DefaultFormat();
+[[maybe_unused]] const ZelFormat& defaultFormatAtLoad = zeldt::LongRules::DefaultFormat();
 
 } // namespace
 
@@ -92,10 +92,7 @@ ZelDtLong::~ZelDtLong()
 
 ZelDtLong& ZelDtLong::operator=(const ZelDtLong& source)
 {
-    if (this != &source) {
-        Rep::Change(*this, source.m_pImp->value);
-        ZelDtBasis::operator=(source);
-    }
+    Rep::Copy(*this, source);
     return *this;
 }
 
@@ -130,8 +127,7 @@ ZelDtTyps ZelDtLong::GetDtTyp() const
 
 void ZelDtLong::Clear()
 {
-    Rep::Change(*this, 0);
-    ZelDtBasis::Clear();
+    Rep::Clear(*this);
 }
 
 // Reading

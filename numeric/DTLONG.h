@@ -15,7 +15,7 @@ namespace zeldt {
 template <typename Rules>
 class IntegerOperators;
 template <typename Rules>
-class IntegerRep;
+class PlainRep;
 struct LongRules;
 } // namespace zeldt
 
@@ -230,9 +230,14 @@ public:
     friend ZelDtLong operator-(const char*, const ZelDtLong&) = delete;
     friend ZelDtLong operator-(const ZelDtLong&, const char*) = delete;
 
+    // The plain value of a boolean or character does not say that it is missing
+
+    template <typename Value>
+    zeldt::IfFlagOrChar<Value, ZelDtLong&> operator=(const Value&) = delete;
+
 private:
     friend class zeldt::IntegerOperators<zeldt::LongRules>;
-    friend class zeldt::IntegerRep<zeldt::LongRules>;
+    friend class zeldt::PlainRep<zeldt::LongRules>;
 
     ZelDtLong_Imp* m_pImp;
 };

@@ -8,6 +8,8 @@
 /// as doubles, and any of them with a decimal as decimals. Without this the compiler would reach
 /// for the unchecked conversions to plain numbers, or find the expression ambiguous.
 
+#include "../foundation/DTNOMIX.h"
+
 #include <type_traits>
 
 class ZelDtDecimal;

@@ -43,7 +43,7 @@ constexpr Operation kConvToRecordSet = Op("ConvToRecordSet(CRecordset&,INT&)");
 constexpr Operation kSerialize = Op("Serialize(CArchive&)");
 
 /// Builds the default format while the library is being loaded.
-[[maybe_unused]] const ZelFormat& defaultFormatAtLoad = Rep::DefaultFormat();
+[[maybe_unused]] const ZelFormat& defaultFormatAtLoad = zeldt::ShortRules::DefaultFormat();
 
 } // namespace
 
@@ -100,10 +100,7 @@ ZelDtShort::~ZelDtShort()
 
 ZelDtShort& ZelDtShort::operator=(const ZelDtShort& source)
 {
-    if (this != &source) {
-        Rep::Change(*this, source.m_pImp->value);
-        ZelDtBasis::operator=(source);
-    }
+    Rep::Copy(*this, source);
     return *this;
 }
 
@@ -138,8 +135,7 @@ ZelDtTyps ZelDtShort::GetDtTyp() const
 
 void ZelDtShort::Clear()
 {
-    Rep::Change(*this, 0);
-    ZelDtBasis::Clear();
+    Rep::Clear(*this);
 }
 
 // Reading

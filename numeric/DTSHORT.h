@@ -14,7 +14,7 @@ namespace zeldt {
 template <typename Rules>
 class IntegerOperators;
 template <typename Rules>
-class IntegerRep;
+class PlainRep;
 struct ShortRules;
 } // namespace zeldt
 
@@ -227,9 +227,14 @@ public:
     friend ZelDtShort operator-(const char*, const ZelDtShort&) = delete;
     friend ZelDtShort operator-(const ZelDtShort&, const char*) = delete;
 
+    // The plain value of a boolean or character does not say that it is missing
+
+    template <typename Value>
+    zeldt::IfFlagOrChar<Value, ZelDtShort&> operator=(const Value&) = delete;
+
 private:
     friend class zeldt::IntegerOperators<zeldt::ShortRules>;
-    friend class zeldt::IntegerRep<zeldt::ShortRules>;
+    friend class zeldt::PlainRep<zeldt::ShortRules>;
 
     ZelDtShort_Imp* m_pImp;
 };

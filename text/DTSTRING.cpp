@@ -1,10 +1,16 @@
 #include "text/DTSTRING.h"
 
+#include "datetime/DTDATZP.h"
+#include "datetime/DTTIME.h"
+#include "datetime/IMP/DTDATIMI.h"
+#include "datetime/IMP/DTDATTXT.h"
 #include "numeric/DTDOUBLE.h"
 #include "numeric/DTLONG.h"
 #include "numeric/DTSHORT.h"
 #include "numeric/IMP/DTDECIMI.h"
 #include "platform/runtime/doubletext.h"
+#include "text/DTBOOL.h"
+#include "text/DTCHAR.h"
 #include "text/IMP/DTTEXT.h"
 
 #include <cmath>
@@ -42,8 +48,13 @@ constexpr Operation kFromUInt = Op("ZelDtString(UINT)");
 constexpr Operation kCopy = Op("ZelDtString(ZelDtString&)");
 constexpr Operation kFromLong = Op("ZelDtString(ZelDtLong&)");
 constexpr Operation kFromShort = Op("ZelDtString(ZelDtShort&)");
+constexpr Operation kFromBool = Op("ZelDtString(ZelDtBool&)");
+constexpr Operation kFromCharValue = Op("ZelDtString(ZelDtChar&)");
 constexpr Operation kFromDouble = Op("ZelDtString(ZelDtDouble&)");
 constexpr Operation kFromDecimal = Op("ZelDtString(ZelDtDecimal&)");
+constexpr Operation kFromDateTime = Op("ZelDtString(ZelDtDateTime&)");
+constexpr Operation kFromDateZp = Op("ZelDtString(ZelDtDateZp&)");
+constexpr Operation kFromTime = Op("ZelDtString(ZelDtTime&)");
 constexpr Operation kToCString = Op("operatorCString()");
 constexpr Operation kToWideText = Op("operatorBSTR()");
 
@@ -59,6 +70,21 @@ ZelDtString_Imp* NewNumberText(const Integer& source)
     return source.IsDefined()
                ? new ZelDtString_Imp(static_cast<std::int32_t>(static_cast<Number>(source)))
                : new ZelDtString_Imp;
+}
+
+/// A word with exactly its room.
+ZelDtString_Imp* NewBoolText(const ZelDtBool& source)
+{
+    if (!source.IsDefined())
+        return new ZelDtString_Imp;
+    const std::string_view word = static_cast<int>(source) != 0 ? "Ja" : "Nein";
+    return new ZelDtString_Imp(word, static_cast<int>(word.size()), 0);
+}
+
+ZelDtString_Imp* NewCharText(const ZelDtChar& source)
+{
+    return source.IsDefined() ? new ZelDtString_Imp(static_cast<char>(source))
+                              : new ZelDtString_Imp;
 }
 
 /// More than any text of a double takes; what callers find in GetAllocLength.
@@ -86,6 +112,26 @@ ZelDtString_Imp* NewDecimalText(const ZelDtDecimal& source)
     const RWCString text = zeldt::DecimalAccess::PlainText(source, kDecimalAllocLength);
     return new ZelDtString_Imp({text.data(), text.length()}, static_cast<int>(text.length()),
                                kDecimalAllocLength);
+}
+
+/// A text with exactly its room, in one of the layouts of SQL_Language.
+ZelDtString_Imp* NewDateText(const ZelDtDateTime& source, SQL_Language layout)
+{
+    if (!source.IsDefined())
+        return new ZelDtString_Imp;
+    char text[zeldt::kDateTextRoom];
+    const std::size_t length = ZelDtDateTimeAccess::WriteText(source, layout, text);
+    return new ZelDtString_Imp({text, length}, static_cast<int>(length), 0);
+}
+
+ZelDtString_Imp* NewTimeText(const ZelDtTime& source)
+{
+    if (!source.IsDefined())
+        return new ZelDtString_Imp;
+    char text[12];
+    const std::string_view view = source.GetValue(text, sizeof text);
+    const auto length = static_cast<int>(view.size());
+    return new ZelDtString_Imp(view, length, length);
 }
 
 } // namespace
@@ -144,12 +190,34 @@ ZelDtString::ZelDtString(const ZelDtShort& source)
     : ZelDtBasis(source), m_pImp(Guarded(kFromShort, [&] { return NewNumberText<short>(source); }))
 {}
 
+ZelDtString::ZelDtString(const ZelDtBool& source)
+    : ZelDtBasis(source), m_pImp(Guarded(kFromBool, [&] { return NewBoolText(source); }))
+{}
+
+ZelDtString::ZelDtString(const ZelDtChar& source)
+    : ZelDtBasis(source), m_pImp(Guarded(kFromCharValue, [&] { return NewCharText(source); }))
+{}
+
 ZelDtString::ZelDtString(const ZelDtDouble& source)
     : ZelDtBasis(source), m_pImp(Guarded(kFromDouble, [&] { return NewDoubleText(source); }))
 {}
 
 ZelDtString::ZelDtString(const ZelDtDecimal& source)
     : ZelDtBasis(source), m_pImp(Guarded(kFromDecimal, [&] { return NewDecimalText(source); }))
+{}
+
+ZelDtString::ZelDtString(const ZelDtDateTime& source)
+    : ZelDtBasis(source),
+      m_pImp(Guarded(kFromDateTime, [&] { return NewDateText(source, SQL_DatumUhrzeit); }))
+{}
+
+ZelDtString::ZelDtString(const ZelDtDateZp& source)
+    : ZelDtBasis(source),
+      m_pImp(Guarded(kFromDateZp, [&] { return NewDateText(source, SQL_Datum); }))
+{}
+
+ZelDtString::ZelDtString(const ZelDtTime& source)
+    : ZelDtBasis(source), m_pImp(Guarded(kFromTime, [&] { return NewTimeText(source); }))
 {}
 
 ZelDtString::ZelDtString(std::unique_ptr<ZelDtString_Imp> imp)

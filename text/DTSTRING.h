@@ -13,11 +13,16 @@ struct Operation;
 }
 
 class CRecordset;
+class ZelDtBool;
+class ZelDtChar;
+class ZelDtDateTime;
+class ZelDtDateZp;
 class ZelDtDecimal;
 class ZelDtDouble;
 class ZelDtLong;
 class ZelDtShort;
 class ZelDtString_Imp;
+class ZelDtTime;
 
 /// A text of bytes in the ANSI code page 1252, and the carrier of every other value's text.
 ///
@@ -79,12 +84,23 @@ public:
     /// Mode and flags of the source; its decimal text if it is defined.
     ZelDtString(const ZelDtLong& source);
     ZelDtString(const ZelDtShort& source);
+    /// The same, with "Ja" or "Nein".
+    ZelDtString(const ZelDtBool& source);
+    /// The same, with the one character, none for NUL, and room for it.
+    ZelDtString(const ZelDtChar& source);
     /// The same, with the text that ZelDtDouble::ConvToSQL shows and room for 316 bytes. NaN and
     /// infinities have none: error 8 behind error 1.
     ZelDtString(const ZelDtDouble& source);
     /// The same, with the text that ZelDtDecimal::DecimalToAscii gives, up to 38 bytes, and room
     /// for them. A longer one is error 4 behind error 1.
     ZelDtString(const ZelDtDecimal& source);
+    /// The same, with the text "05.03.2000 14:07:09" and room for it. What its places cannot show
+    /// is error 8 behind error 1.
+    ZelDtString(const ZelDtDateTime& source);
+    /// The same, with the text "05.03.2000" and room for it.
+    ZelDtString(const ZelDtDateZp& source);
+    /// The same, with the text that ZelDtTime::GetValue gives and room for it.
+    ZelDtString(const ZelDtTime& source);
     ~ZelDtString() override;
 
     // Assignment
@@ -99,6 +115,8 @@ public:
     ZelDtString& operator=(unsigned short* const& text);
     /// The text becomes the one character, NUL included; defined afterwards.
     ZelDtString& operator=(char character);
+    /// A defined character as above; an undefined one leaves the value undefined and without text.
+    ZelDtString& operator=(const ZelDtChar& source);
 
     /// `source` must be a ZelDtString, else error 10.
     void Assign(const ZelDtBasis& source) override;
@@ -225,6 +243,7 @@ public:
     ZelDtString& operator+=(const char* text);
     ZelDtString& operator+=(const CString& text);
     ZelDtString& operator+=(char character);
+    ZelDtString& operator+=(const ZelDtChar& source);
 
     /// A defined text in the default mode; if one operand is undefined, a copy of the other. Errors
     /// as `+=`.
@@ -232,6 +251,7 @@ public:
     ZelDtString operator+(const char* right) const;
     ZelDtString operator+(const CString& right) const;
     ZelDtString operator+(char right) const;
+    ZelDtString operator+(const ZelDtChar& right) const;
 
     /// Byte for byte. Missing operand: error 2. A null text is unequal to everything.
     int operator==(const ZelDtString& right) const;
@@ -318,12 +338,18 @@ private:
 
     friend ZELDT_API ZelDtString operator+(const char* left, const ZelDtString& right);
     friend ZELDT_API ZelDtString operator+(char left, const ZelDtString& right);
+    friend ZELDT_API ZelDtString operator+(const ZelDtChar& left, const ZelDtString& right);
+    friend ZELDT_API ZelDtString operator+(const ZelDtChar& left, const ZelDtChar& right);
 
     int ChangeAt(const ZelDtString& oldPart, const ZelDtString& newPart, int position);
     void AssignText(const zeldt::Operation& operation, std::string_view text);
     void AppendText(const zeldt::Operation& operation, std::string_view text);
-    ZelDtString Joined(const zeldt::Operation& operation, std::string_view left,
-                       std::string_view right) const;
+    static ZelDtString Joined(const zeldt::Operation& operation, std::string_view left,
+                              std::string_view right);
+    /// What two values with these texts give: if one is undefined, the other as a string.
+    template <typename Left, typename Right>
+    static ZelDtString Sum(const zeldt::Operation& operation, const Left& left, const Right& right,
+                           std::string_view leftText, std::string_view rightText);
 
     ZelDtString_Imp* m_pImp;
 };
@@ -333,5 +359,8 @@ private:
 /// error 5.
 ZELDT_API ZelDtString operator+(const char* left, const ZelDtString& right);
 ZELDT_API ZelDtString operator+(char left, const ZelDtString& right);
+
+/// A defined text in the default mode; if one operand is undefined, the other as a string.
+ZELDT_API ZelDtString operator+(const ZelDtChar& left, const ZelDtString& right);
 
 #endif

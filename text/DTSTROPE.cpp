@@ -1,6 +1,7 @@
 #include "text/DTSTRING.h"
 
 #include "foundation/DTSORT.h"
+#include "text/DTCHAR.h"
 #include "text/IMP/DTTEXT.h"
 
 namespace {
@@ -26,18 +27,23 @@ constexpr Operation kAssignText = Op("operator=(LPCTSTR)");
 constexpr Operation kAssignCString = Op("operator=(CString)");
 constexpr Operation kAssignWideText = Op("operator=(BSTR)");
 constexpr Operation kAssignChar = Op("operator=(TCHAR)");
+constexpr Operation kAssignCharValue = Op("operator=(ZelDtChar&)");
 
 constexpr Operation kAppendString = Op("operator+=(ZelDtString&)");
 constexpr Operation kAppendText = Op("operator+=(LPCTSTR)");
 constexpr Operation kAppendCString = Op("operator+=(CString)");
 constexpr Operation kAppendChar = Op("operator+=(TCHAR)");
+constexpr Operation kAppendCharValue = Op("operator+=(ZelDtChar&)");
 
 constexpr Operation kPlusString = Op("operator+(ZelDtString&)");
 constexpr Operation kPlusText = Op("operator+(LPCTSTR)");
 constexpr Operation kPlusCString = Op("operator+(CString)");
 constexpr Operation kPlusChar = Op("operator+(TCHAR)");
+constexpr Operation kPlusCharValue = Op("operator+(ZelDtChar&)");
 constexpr Operation kTextPlus = Op("operator+(LPCTSTR,ZelDtString&)");
 constexpr Operation kCharPlus = Op("operator+(TCHAR,ZelDtString&)");
+constexpr Operation kCharValuePlus = Op("operator+(ZelDtChar&,ZelDtString&)");
+constexpr Operation kCharValues = Op("operator+(ZelDtChar&,ZelDtChar&)");
 
 constexpr Operation kEqual = Op("operator==(ZelDtString&)");
 constexpr Operation kUnequal = Op("operator!=(ZelDtString&)");
@@ -114,6 +120,17 @@ ZelDtString& ZelDtString::operator=(char character)
     return *this;
 }
 
+ZelDtString& ZelDtString::operator=(const ZelDtChar& source)
+{
+    Guarded(kAssignCharValue, [&] {
+        if (source.IsDefined())
+            *this = static_cast<char>(source);
+        else
+            *this = ZelDtString(source);
+    });
+    return *this;
+}
+
 void ZelDtString::AssignText(const Operation& operation, std::string_view text)
 {
     RequireLength(operation, text.size());
@@ -149,6 +166,14 @@ ZelDtString& ZelDtString::operator+=(char character)
     return *this;
 }
 
+ZelDtString& ZelDtString::operator+=(const ZelDtChar& source)
+{
+    const char character = source;
+    if (source.IsDefined())
+        AppendText(kAppendCharValue, {&character, 1});
+    return *this;
+}
+
 void ZelDtString::AppendText(const Operation& operation, std::string_view text)
 {
     const bool changes = !text.empty();
@@ -162,7 +187,7 @@ void ZelDtString::AppendText(const Operation& operation, std::string_view text)
 // Concatenation
 
 ZelDtString ZelDtString::Joined(const Operation& operation, std::string_view left,
-                                std::string_view right) const
+                                std::string_view right)
 {
     RequireLength(operation, left.size() + right.size());
     return Guarded(operation, [&] {
@@ -174,13 +199,20 @@ ZelDtString ZelDtString::Joined(const Operation& operation, std::string_view lef
     });
 }
 
+template <typename Left, typename Right>
+ZelDtString ZelDtString::Sum(const Operation& operation, const Left& left, const Right& right,
+                             std::string_view leftText, std::string_view rightText)
+{
+    if (!left.IsDefined())
+        return Guarded(operation, [&] { return ZelDtString(right); });
+    if (!right.IsDefined())
+        return Guarded(operation, [&] { return ZelDtString(left); });
+    return Joined(operation, leftText, rightText);
+}
+
 ZelDtString ZelDtString::operator+(const ZelDtString& right) const
 {
-    if (!IsDefined())
-        return Guarded(kPlusString, [&] { return ZelDtString(right); });
-    if (!right.IsDefined())
-        return Guarded(kPlusString, [&] { return ZelDtString(*this); });
-    return Joined(kPlusString, m_pImp->View(), right.m_pImp->View());
+    return Sum(kPlusString, *this, right, m_pImp->View(), right.m_pImp->View());
 }
 
 ZelDtString ZelDtString::operator+(const char* right) const
@@ -201,17 +233,66 @@ ZelDtString ZelDtString::operator+(char right) const
     return Joined(kPlusChar, m_pImp->View(), {&right, 1});
 }
 
+ZelDtString ZelDtString::operator+(const ZelDtChar& right) const
+{
+    const char character = right;
+    return Sum(kPlusCharValue, *this, right, m_pImp->View(), {&character, 1});
+}
+
+ZelDtString operator+(const ZelDtChar& left, const ZelDtString& right)
+{
+    const char character = left;
+    return ZelDtString::Sum(kCharValuePlus, left, right, {&character, 1}, right.m_pImp->View());
+}
+
+ZelDtString operator+(const ZelDtChar& left, const ZelDtChar& right)
+{
+    const char leftCharacter = left;
+    const char rightCharacter = right;
+    return ZelDtString::Sum(kCharValues, left, right, {&leftCharacter, 1}, {&rightCharacter, 1});
+}
+
+ZelDtString operator+(const ZelDtChar& left, char right)
+{
+    return left + ZelDtChar(right);
+}
+
+ZelDtString operator+(char left, const ZelDtChar& right)
+{
+    return ZelDtChar(left) + right;
+}
+
+ZelDtString operator+(const ZelDtChar& left, const char* right)
+{
+    return left + ZelDtString(right);
+}
+
+ZelDtString operator+(const char* left, const ZelDtChar& right)
+{
+    return ZelDtString(left) + right;
+}
+
+ZelDtString operator+(const ZelDtChar& left, const CString& right)
+{
+    return left + ZelDtString(right);
+}
+
+ZelDtString operator+(const CString& left, const ZelDtChar& right)
+{
+    return ZelDtString(left) + right;
+}
+
 ZelDtString operator+(const char* left, const ZelDtString& right)
 {
     const std::string_view text = RequiredView(kTextPlus, left);
-    return right.Joined(kTextPlus, text, right.IsDefined() ? right.m_pImp->View() : kNoText);
+    return ZelDtString::Joined(kTextPlus, text, right.IsDefined() ? right.m_pImp->View() : kNoText);
 }
 
 ZelDtString operator+(char left, const ZelDtString& right)
 {
     if (!right.IsDefined())
         return Guarded(kCharPlus, [&] { return ZelDtString(left); });
-    return right.Joined(kCharPlus, {&left, 1}, right.m_pImp->View());
+    return ZelDtString::Joined(kCharPlus, {&left, 1}, right.m_pImp->View());
 }
 
 // Comparison

@@ -1,16 +1,15 @@
 #include "text/DTSTRING.h"
 
 #include "foundation/DTFORMAT.h"
-#include "platform/runtime/system.h"
+#include "text/IMP/DTCODEPG.h"
 #include "text/IMP/DTQUOTE.h"
 #include "text/IMP/DTTEXT.h"
 
-#include <array>
 #include <cstring>
-#include <optional>
 
 namespace {
 
+using zeldt::DirectionsFor;
 using zeldt::ErrorNo;
 using zeldt::Guarded;
 using zeldt::Operation;
@@ -46,26 +45,6 @@ const ZelFormat& DefaultFormat()
 
 /// Builds the default format while the library is being loaded.
 [[maybe_unused]] const ZelFormat& defaultFormatAtLoad = DefaultFormat();
-
-/// How texts of an OEM code page are converted.
-struct OemDirections {
-    ZelDtCodepageWandlung toOem;
-    ZelDtCodepageWandlung toAnsi;
-};
-
-/// The directions for a code page number; none for one that needs no conversion.
-std::optional<OemDirections> DirectionsFor(unsigned int codePage)
-{
-    if (codePage == 850)
-        return OemDirections{ZelDtCpAnsiToOem850, ZelDtCpOem850ToAnsi};
-    if (codePage == 0)
-        return std::nullopt; // no code page has this number; spares asking the system
-    if (codePage == zelrt::OemCodePage())
-        return OemDirections{ZelDtCpAnsiToOem, ZelDtCpOemToAnsi};
-    if (codePage == 437)
-        return OemDirections{ZelDtCpAnsiToOem437, ZelDtCpOem437ToAnsi};
-    return std::nullopt;
-}
 
 } // namespace
 

@@ -4,9 +4,9 @@
 /// What a ZelDtLong keeps, and what is particular to it among the integer classes. Private to the
 /// library.
 
+#include "foundation/DTFORMAT.h"
 #include "foundation/DTGUARD.h"
 #include "foundation/DTPOOL.h"
-#include "platform/formats/ZelFormat.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -28,10 +28,13 @@ struct LongRules {
 
     /// The bytes that are read in front of a separator; the longest number has that many.
     static constexpr std::size_t kTextCut = 11;
-    /// The places of the default format.
-    static constexpr unsigned long kPlaces = 11;
     static constexpr auto kShow = &ZelFormat::FormatLong;
     static constexpr auto kParse = &ZelFormat::ParseLong;
+    static const ZelFormat& DefaultFormat()
+    {
+        static const ZelFormat format = WholeNumberFormat(11);
+        return format;
+    }
 
     /// Whether a copy of an undefined value keeps the number that is stored there.
     static constexpr bool kCopiesUndefined = false;

@@ -1,0 +1,232 @@
+#include "datetime/IMP/DTDATTXT.h"
+
+#include "datetime/DTDATIME.h"
+#include "platform/runtime/digits.h"
+
+#include <charconv>
+#include <cstring>
+
+namespace {
+
+using zeldt::DateTimeFields;
+using zeldt::ExternKind;
+using zeldt::ExternNumbers;
+
+constexpr std::array<char, 200> MadeDigitPairs()
+{
+    std::array<char, 200> pairs{};
+    for (std::size_t number = 0; number < 100; ++number) {
+        pairs[2 * number] = static_cast<char>('0' + number / 10);
+        pairs[2 * number + 1] = static_cast<char>('0' + number % 10);
+    }
+    return pairs;
+}
+
+constexpr std::array<char, 200> kDigitPairs = MadeDigitPairs();
+
+constexpr bool HasTwoDigits(std::int64_t number)
+{
+    return number >= 0 && number <= 99;
+}
+
+constexpr bool HasFourDigits(std::int64_t number)
+{
+    return number >= 0 && number <= 9999;
+}
+
+std::int64_t YearOf(const DateTimeFields& fields)
+{
+    return std::int64_t{fields.year} + zeldt::kBaseYear;
+}
+
+std::int64_t MonthOf(const DateTimeFields& fields)
+{
+    return std::int64_t{fields.month} + 1;
+}
+
+/// Writes pieces one behind the other; the numbers are in range.
+class Writer {
+public:
+    explicit Writer(char* out) : m_end(out) {}
+
+    Writer& Character(char c)
+    {
+        *m_end++ = c;
+        return *this;
+    }
+
+    Writer& Two(std::int64_t number)
+    {
+        std::memcpy(m_end, &kDigitPairs[2 * static_cast<std::size_t>(number)], 2);
+        m_end += 2;
+        return *this;
+    }
+
+    Writer& Four(std::int64_t number) { return Two(number / 100).Two(number % 100); }
+
+    /// Digits alone, blanks in front up to `width` places.
+    Writer& Plain(std::int64_t number, int width = 0)
+    {
+        char digits[20];
+        const char* const end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+        for (auto length = end - digits; length < width; ++length)
+            Character(' ');
+        std::memcpy(m_end, digits, static_cast<std::size_t>(end - digits));
+        m_end += end - digits;
+        return *this;
+    }
+
+    char* End() const { return m_end; }
+
+private:
+    char* m_end;
+};
+
+bool CanShowDayAndMonth(const DateTimeFields& fields)
+{
+    return HasTwoDigits(fields.day) && HasTwoDigits(MonthOf(fields));
+}
+
+bool CanShowMinutes(const DateTimeFields& fields)
+{
+    return HasTwoDigits(fields.hour) && HasTwoDigits(fields.minute);
+}
+
+bool CanShowTime(const DateTimeFields& fields)
+{
+    return CanShowMinutes(fields) && HasTwoDigits(fields.second);
+}
+
+/// Day and month, or month and day, with the year to the minute, in double quotes.
+char* WriteQuoted(const DateTimeFields& fields, std::int64_t first, std::int64_t second, char* out)
+{
+    return Writer(out)
+        .Character('"')
+        .Two(first)
+        .Character('.')
+        .Two(second)
+        .Character('.')
+        .Plain(YearOf(fields))
+        .Character(' ')
+        .Two(fields.hour)
+        .Character(':')
+        .Two(fields.minute)
+        .Character('"')
+        .End();
+}
+
+char* WriteDate(const DateTimeFields& fields, char* out)
+{
+    return Writer(out)
+        .Two(fields.day)
+        .Character('.')
+        .Two(MonthOf(fields))
+        .Character('.')
+        .Four(YearOf(fields))
+        .End();
+}
+
+char* WriteDateAndTime(const DateTimeFields& fields, char* out)
+{
+    return Writer(WriteDate(fields, out))
+        .Character(' ')
+        .Two(fields.hour)
+        .Character(':')
+        .Two(fields.minute)
+        .Character(':')
+        .Two(fields.second)
+        .End();
+}
+
+/// Reads numbers as sscanf does, one behind the other.
+class Scanner {
+public:
+    explicit Scanner(std::string_view text) : m_rest(text) {}
+
+    /// A number of at most `width` characters with its sign; 0 when there is none, and for all that
+    /// follow.
+    int Number(std::size_t width)
+    {
+        if (m_stopped)
+            return 0;
+        while (!m_rest.empty() && zelrt::IsSpace(m_rest.front()))
+            m_rest.remove_prefix(1);
+        const std::string_view field = m_rest.substr(0, width);
+        const bool negative = field.starts_with('-');
+        const std::size_t first = negative || field.starts_with('+') ? 1 : 0;
+        std::size_t end = first;
+        int number = 0;
+        for (; end < field.size() && zelrt::IsDigit(field[end]); ++end)
+            number = number * 10 + (field[end] - '0');
+        m_stopped = end == first;
+        m_rest.remove_prefix(end);
+        return negative ? -number : number;
+    }
+
+private:
+    std::string_view m_rest;
+    bool m_stopped = false;
+};
+
+} // namespace
+
+char* zeldt::WriteSqlText(const DateTimeFields& fields, int code, char* out) noexcept
+{
+    if (!CanShowDayAndMonth(fields))
+        return nullptr;
+    const std::int64_t year = YearOf(fields);
+    switch (code) {
+    case SQL_Deutsch:
+    case SQL_Englisch: {
+        if (year < 0 || !CanShowMinutes(fields))
+            return nullptr;
+        const bool dayFirst = code == SQL_Deutsch;
+        return WriteQuoted(fields, dayFirst ? fields.day : MonthOf(fields),
+                           dayFirst ? MonthOf(fields) : fields.day, out);
+    }
+    case SQL_Ziffern:
+        if (year < 0)
+            return nullptr;
+        return Writer(out).Two(fields.day).Two(MonthOf(fields)).Plain(year).End();
+    case SQL_Datum:
+        return HasFourDigits(year) ? WriteDate(fields, out) : nullptr;
+    default:
+        return HasFourDigits(year) && CanShowTime(fields) ? WriteDateAndTime(fields, out) : nullptr;
+    }
+}
+
+char* zeldt::WriteExternText(const DateTimeFields& fields, ExternKind kind, char* out) noexcept
+{
+    Writer writer(out);
+    writer.Character(static_cast<char>(kind));
+    if (kind != ExternKind::TimeOnly) {
+        if (!CanShowDayAndMonth(fields) || !HasFourDigits(YearOf(fields)))
+            return nullptr;
+        writer.Two(fields.day).Two(MonthOf(fields)).Plain(YearOf(fields), 4);
+    }
+    if (kind != ExternKind::DateOnly) {
+        if (!CanShowTime(fields))
+            return nullptr;
+        writer.Two(fields.hour).Two(fields.minute).Two(fields.second);
+    }
+    return writer.End();
+}
+
+ExternNumbers zeldt::ReadExternText(std::string_view text, ExternKind kind) noexcept
+{
+    constexpr std::size_t two = 2;
+    constexpr std::size_t four = 4;
+    Scanner scanner(text);
+    ExternNumbers numbers;
+    if (kind != ExternKind::TimeOnly) {
+        numbers.day = scanner.Number(two);
+        numbers.month = scanner.Number(two);
+        numbers.year = scanner.Number(four);
+    }
+    if (kind != ExternKind::DateOnly) {
+        numbers.hour = scanner.Number(two);
+        numbers.minute = scanner.Number(two);
+        numbers.second = scanner.Number(two);
+    }
+    return numbers;
+}
