@@ -7,6 +7,23 @@
 // What callers write, compiled as C++17 and as C++20. A comparison that fell back to pointers or
 // to built-in operators would give other results here.
 
+namespace {
+
+/// Runs `body`, which is to find a value missing.
+template <typename Body>
+void ExpectUndefined(Body body)
+{
+    try {
+        body();
+        ADD_FAILURE() << "no error";
+    } catch (ZelDtExcep* e) {
+        EXPECT_EQ(e->GetErrorNo(), 2U);
+        delete e;
+    }
+}
+
+} // namespace
+
 TEST(StringExpressions, ComparePlainTextsOnBothSides)
 {
     const ZelDtString s("b");
@@ -516,6 +533,205 @@ TEST(MixedExpressions, OfDoubleAndDecimalAreDecimals)
     EXPECT_TRUE(d == 1.75);
     d = x;
     EXPECT_TRUE(x == d);
+}
+
+TEST(TimeExpressions, AreMadeFromNumbersTextsAndValues)
+{
+    const ZelDtLong l(8);
+    EXPECT_EQ(ZelDtTime(1, 30).GetTime(), 90);
+    EXPECT_EQ(ZelDtTime(1L, 30L).GetTime(), 90);
+    EXPECT_EQ(ZelDtTime(0, 0).GetTime(), 0);
+    EXPECT_EQ(ZelDtTime(8, 25, ZelDtTime::Hundertstel).GetTime(), 825);
+    EXPECT_EQ(ZelDtTime(l, l).GetTime(), 488);
+    EXPECT_EQ(ZelDtTime("8").GetTime(), 8);
+    EXPECT_EQ(ZelDtTime("8", ZelDtTime::Minuten).GetTime(), 480);
+    EXPECT_EQ(ZelDtTime(ZelDtString("8,25")).GetTime(), 825);
+    EXPECT_TRUE(ZelDtTime(ZelDtWmNull).IsNull());
+    EXPECT_TRUE(ZelDtString(ZelDtTime(1, 30)) == "01:30");
+}
+
+TEST(TimeExpressions, TakeTextsAndValuesForTimes)
+{
+    ZelDtTime t(1, 30);
+    t += "0:30";
+    EXPECT_TRUE(t == "2");
+    EXPECT_TRUE(t != "2:01");
+    EXPECT_TRUE(t < "2:01");
+    EXPECT_TRUE(t + "1:00" == ZelDtTime(3, 0));
+    EXPECT_TRUE(t - t == ZelDtTime(0, 0));
+    t = "8:15";
+    EXPECT_EQ(t.GetTime(), 495);
+    t = ZelDtString("7:45");
+    EXPECT_EQ(t.GetTime(), 465);
+    t.AddHour(ZelDtLong(1));
+    t.SetMin(ZelDtShort(5));
+    EXPECT_TRUE(t == "8:05");
+    ZelDtString s;
+    s = t;
+    EXPECT_TRUE(s == "08:05");
+}
+
+TEST(BoolExpressions, CompareWithPlainNumbersAndWordsOnBothSides)
+{
+    const ZelDtBool yes(TRUE);
+    const ZelDtBool five(5);
+    EXPECT_TRUE(yes == 1);
+    EXPECT_TRUE(1 == yes);
+    EXPECT_TRUE(yes == TRUE);
+    EXPECT_TRUE(TRUE == yes);
+    EXPECT_TRUE(yes == true);
+    EXPECT_TRUE(true == yes);
+    EXPECT_TRUE(yes != FALSE);
+    EXPECT_TRUE(FALSE != yes);
+    EXPECT_TRUE(five != 1); // as a truth value it would be equal
+    EXPECT_TRUE(TRUE != five);
+    EXPECT_TRUE(five != yes);
+    EXPECT_TRUE(five == static_cast<short>(5));
+    EXPECT_TRUE(yes == "ja");
+    EXPECT_TRUE("1" == yes);
+    EXPECT_TRUE(yes != "Nein");
+    EXPECT_TRUE("0" != yes);
+    EXPECT_FALSE(yes == static_cast<const char*>(nullptr));
+    EXPECT_TRUE(static_cast<const char*>(nullptr) != yes);
+}
+
+TEST(BoolExpressions, AreChecked)
+{
+    const ZelDtBool missing(ZelDtWmMissing);
+    const char* const none = nullptr;
+    int (*const comparisons[])(const ZelDtBool& b, const char* none) = {
+        [](const ZelDtBool& b, const char*) -> int { return b == 0; },
+        [](const ZelDtBool& b, const char*) -> int { return 0 == b; },
+        [](const ZelDtBool& b, const char*) -> int { return b != 0; },
+        [](const ZelDtBool& b, const char*) -> int { return FALSE != b; },
+        [](const ZelDtBool& b, const char*) -> int { return b == "Nein"; },
+        [](const ZelDtBool& b, const char*) -> int { return "Nein" != b; },
+        [](const ZelDtBool& b, const char* text) -> int { return b == text; },
+        [](const ZelDtBool& b, const char* text) -> int { return text != b; },
+    };
+    for (const auto compare : comparisons)
+        ExpectUndefined([&] { compare(missing, none); });
+}
+
+TEST(BoolExpressions, AssignAndConvertWithoutCasts)
+{
+    ZelDtBool b = TRUE;
+    EXPECT_TRUE(b);
+    if (!b)
+        FAIL() << "TRUE is no";
+    const int plain = b;
+    EXPECT_EQ(plain, 1);
+    const bool flag = b;
+    EXPECT_TRUE(flag);
+    EXPECT_EQ(b ? 'y' : 'n', 'y');
+    b = FALSE;
+    EXPECT_TRUE(b == 0);
+    b = 5;
+    EXPECT_TRUE(b == 5);
+    b = true;
+    EXPECT_TRUE(b == 1);
+    b = 2 < 1;
+    EXPECT_TRUE(b == 0);
+    b = "Ja";
+    EXPECT_TRUE(b == 1);
+    b = ZelDtString("nein");
+    EXPECT_TRUE(b == 0);
+    EXPECT_TRUE(ZelDtBool("JA") == TRUE);
+    EXPECT_TRUE(ZelDtBool(ZelDtString("1")) == TRUE);
+    EXPECT_TRUE(ZelDtBool(0).IsDefined());
+    EXPECT_FALSE(ZelDtBool().IsDefined());
+    EXPECT_TRUE(ZelDtBool(ZelDtWmNull).IsNull());
+    EXPECT_TRUE(ZelDtString(ZelDtBool(TRUE)) == "Ja");
+}
+
+TEST(CharExpressions, CompareWithCharactersAndTextsOnBothSides)
+{
+    const ZelDtChar c('x');
+    EXPECT_TRUE(c == 'x');
+    EXPECT_TRUE('x' == c);
+    EXPECT_TRUE(c != 'X');
+    EXPECT_TRUE('X' != c);
+    EXPECT_TRUE(c == "x");
+    EXPECT_TRUE("x" == c);
+    EXPECT_TRUE(c != "y");
+    EXPECT_TRUE("y" != c);
+    EXPECT_TRUE(c == ZelDtChar('x'));
+    EXPECT_TRUE(ZelDtChar('\xE4') == '\xE4'); // as an int it would be negative on some machines
+    EXPECT_FALSE(c == static_cast<const char*>(nullptr));
+    EXPECT_TRUE(static_cast<const char*>(nullptr) != c);
+    EXPECT_TRUE(c == ZelDtString("x"));
+    EXPECT_TRUE(ZelDtString("x") == c);
+    EXPECT_TRUE(c != ZelDtString("xy"));
+    EXPECT_TRUE(ZelDtString("xy") != c);
+}
+
+TEST(CharExpressions, AreChecked)
+{
+    const ZelDtChar missing(ZelDtWmMissing);
+    const char* const none = nullptr;
+    int (*const comparisons[])(const ZelDtChar& c, const char* none) = {
+        [](const ZelDtChar& c, const char*) -> int { return c == '\0'; },
+        [](const ZelDtChar& c, const char*) -> int { return '\0' == c; },
+        [](const ZelDtChar& c, const char*) -> int { return c != '\0'; },
+        [](const ZelDtChar& c, const char*) -> int { return '\0' != c; },
+        [](const ZelDtChar& c, const char*) -> int { return c == ""; },
+        [](const ZelDtChar& c, const char*) -> int { return "" != c; },
+        [](const ZelDtChar& c, const char* text) -> int { return c == text; },
+        [](const ZelDtChar& c, const char* text) -> int { return text != c; },
+        [](const ZelDtChar& c, const char*) -> int { return c == ZelDtString(""); },
+        [](const ZelDtChar& c, const char*) -> int { return ZelDtString("") != c; },
+    };
+    for (const auto compare : comparisons)
+        ExpectUndefined([&] { compare(missing, none); });
+}
+
+TEST(CharExpressions, JoinEveryKindOfText)
+{
+    const ZelDtChar c('b');
+    const ZelDtString s("st");
+    EXPECT_TRUE(s + c == "stb");
+    EXPECT_TRUE(c + s == "bst");
+    EXPECT_TRUE(c + c == "bb");
+    EXPECT_TRUE('a' + c == "ab");
+    EXPECT_TRUE(c + 'c' == "bc");
+    EXPECT_TRUE("a" + c == "ab");
+    EXPECT_TRUE(c + "c" == "bc");
+    EXPECT_TRUE(CString("a") + c == "ab");
+    EXPECT_TRUE(c + CString("c") == "bc");
+    EXPECT_TRUE('a' + c + 'c' + c + s == "abcbst");
+    ZelDtString sum;
+    sum = c;
+    sum += c;
+    sum = sum + c + 'c';
+    EXPECT_TRUE(sum == "bbbc");
+}
+
+TEST(CharExpressions, AssignAndConvertWithoutCasts)
+{
+    ZelDtChar c = 'x';
+    const char plain = c;
+    EXPECT_EQ(plain, 'x');
+    switch (c) {
+    case 'x':
+        break;
+    default:
+        FAIL() << "another character";
+    }
+    c = 'y';
+    EXPECT_TRUE(c == 'y');
+    c = "zebra";
+    EXPECT_TRUE(c == 'z');
+    c = ZelDtString("abc");
+    EXPECT_TRUE(c == 'a');
+    EXPECT_TRUE(ZelDtChar("abc") == 'a');
+    EXPECT_TRUE(ZelDtChar(ZelDtString("abc")) == 'a');
+    EXPECT_FALSE(ZelDtChar().IsDefined());
+    EXPECT_TRUE(ZelDtChar(ZelDtWmNull).IsNull());
+    EXPECT_TRUE(ZelDtString(c) == "a");
+    ZelDtString s("abc");
+    s.SetAt(0, 'b');
+    s.Insert(c, 0);
+    EXPECT_TRUE(s == "abbc");
 }
 
 TEST(ValueArrays, CrossTheLibraryBorder)

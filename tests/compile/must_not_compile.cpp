@@ -3,7 +3,8 @@
 
 #include <ZelDt.h>
 
-void Use(ZelDtLong& l, ZelDtString& s, ZelDtShort& n, const ZelDtDecimal& d, const ZelDtDouble& x)
+void Use(ZelDtLong& l, ZelDtString& s, ZelDtShort& n, const ZelDtDecimal& d, const ZelDtDouble& x,
+         ZelDtBool& b, ZelDtChar& c)
 {
 #if CASE == 0
     l = l * 2;
@@ -19,6 +20,21 @@ void Use(ZelDtLong& l, ZelDtString& s, ZelDtShort& n, const ZelDtDecimal& d, con
     (void)(x / 2 == 2.5);
     (void)(2.5 < x * 2L);
     (void)(x % d == 0);
+    ZelDtTime t(1, 30);
+    t.AddHour(l);
+    t.SetMin(30, ZelDtTime::Minuten);
+    (void)(t + "0:30" == ZelDtTime(l, l));
+    b = 1;
+    b = s;
+    (void)(b == TRUE && "Ja" == b);
+    c = 'x';
+    c = s;
+    s = c;
+    s += c;
+    (void)(s + c + 'x' == c + s);
+    (void)('x' == c && c == s);
+    l += b.GetValue();
+    (void)(s == ZelDtString(b));
 #elif CASE == 1
     l = l * 2.5;
 #elif CASE == 2
@@ -161,10 +177,179 @@ void Use(ZelDtLong& l, ZelDtString& s, ZelDtShort& n, const ZelDtDecimal& d, con
     s = d;
 #elif CASE == 70
     s = s + d;
+#elif CASE == 71
+    ZelDtTime t(8);
+#elif CASE == 72
+    ZelDtTime t(8, ZelDtTime::Minuten);
+#elif CASE == 73
+    ZelDtTime t(8L, ZelDtTime::Stunden);
+#elif CASE == 74
+    ZelDtTime t(0, ZelDtTime::Minuten);
+#elif CASE == 75
+    ZelDtTime t(l, ZelDtTime::Minuten);
+#elif CASE == 76
+    ZelDtTime t(8.25);
+#elif CASE == 77
+    ZelDtTime t(1.5, 30);
+#elif CASE == 78
+    ZelDtTime t(1, 30.5);
+#elif CASE == 79
+    ZelDtTime(1, 30).AddHour(0.5);
+#elif CASE == 80
+    ZelDtTime(1, 30).SubHour(0.5F);
+#elif CASE == 81
+    ZelDtTime(1, 30).SetHour(x);
+#elif CASE == 82
+    ZelDtTime(1, 30).SetTime(d);
+#elif CASE == 83
+    ZelDtTime(1, 30).SetMin(0.5, ZelDtTime::Minuten);
+#elif CASE == 84
+    ZelDtTime(1, 30).AddMin(x);
+#elif CASE == 85
+    ZelDtTime(1, 30).SubMin(d);
+#elif CASE == 86
+    ZelDtTime(1, 30).SetFromSQL(1800.5);
+#elif CASE == 87
+    (void)("0:30" + ZelDtTime(1, 30));
+#elif CASE == 88
+    (void)(ZelDtTime(1, 30) + 5);
+#elif CASE == 89
+    (void)(ZelDtTime(1, 30) == 0);
+#elif CASE == 90
+    (void)(ZelDtTime(1, 30) * 2);
+#elif CASE == 201
+    (void)(b < 1);
+#elif CASE == 202
+    (void)(2 >= b);
+#elif CASE == 203
+    (void)(b < b);
+#elif CASE == 204
+    (void)(b == 2.5);
+#elif CASE == 205
+    (void)(b == 1L);
+#elif CASE == 206
+    (void)(1U == b);
+#elif CASE == 207
+    (void)(b != '1');
+#elif CASE == 208
+    b = 2.5;
+#elif CASE == 209
+    b = 1L;
+#elif CASE == 210
+    b = '1';
+#elif CASE == 211
+    b = l;
+#elif CASE == 212
+    b = n;
+#elif CASE == 213
+    b = x;
+#elif CASE == 214
+    b = d;
+#elif CASE == 215
+    b = c;
+#elif CASE == 216
+    ZelDtBool other(2.5);
+#elif CASE == 217
+    ZelDtBool other(1L);
+#elif CASE == 218
+    ZelDtBool other('0');
+#elif CASE == 219
+    ZelDtBool other(l);
+#elif CASE == 220
+    ZelDtBool other(c);
+#elif CASE == 221
+    (void)("Ja" + b);
+#elif CASE == 222
+    (void)(b + "Ja");
+#elif CASE == 223
+    (void)("Ja" - b);
+#elif CASE == 224
+    (void)(b == l);
+#elif CASE == 225
+    (void)(l != b);
+#elif CASE == 226
+    (void)(b == s);
+#elif CASE == 227
+    (void)(s == b);
+#elif CASE == 228
+    (void)(b == c);
+#elif CASE == 229
+    l = b;
+#elif CASE == 230
+    n = b;
+#elif CASE == 231
+    ZelDtDouble y(x);
+    y = b;
+#elif CASE == 232
+    ZelDtDecimal y(d);
+    y = b;
+#elif CASE == 233
+    (void)(l + b);
+#elif CASE == 234
+    (void)(b * x);
+#elif CASE == 235
+    l += b;
+#elif CASE == 236
+    (void)(s + b);
+#elif CASE == 237
+    s = b;
+#elif CASE == 238
+    s += b;
+#elif CASE == 239
+    c = 120;
+#elif CASE == 240
+    c = 0;
+#elif CASE == 241
+    c = true;
+#elif CASE == 242
+    c = l;
+#elif CASE == 243
+    c = b;
+#elif CASE == 244
+    ZelDtChar other(120);
+#elif CASE == 245
+    ZelDtChar other(l);
+#elif CASE == 246
+    ZelDtChar other(b);
+#elif CASE == 247
+    (void)(c == 120);
+#elif CASE == 248
+    (void)(c != 0);
+#elif CASE == 249
+    (void)(L'x' == c);
+#elif CASE == 250
+    (void)(c < 'x');
+#elif CASE == 251
+    (void)("x" >= c);
+#elif CASE == 252
+    (void)(c < c);
+#elif CASE == 253
+    (void)(c < s);
+#elif CASE == 254
+    (void)(c == l);
+#elif CASE == 255
+    (void)("x" - c);
+#elif CASE == 256
+    (void)(c + 1);
+#elif CASE == 257
+    (void)(1L + c);
+#elif CASE == 258
+    l = c;
+#elif CASE == 259
+    ZelDtDouble y(x);
+    y = c;
+#elif CASE == 260
+    (void)(l + c);
+#elif CASE == 261
+    l += c;
+#elif CASE == 262
+    (void)(d < c);
 #endif
     (void)l;
     (void)s;
     (void)n;
     (void)d;
     (void)x;
+    (void)b;
+    (void)c;
 }

@@ -1,4 +1,4 @@
-#include "tests/support/oem_tables.h"
+#include "tests/text/codepage_testing.h"
 #include "tests/text/string_testing.h"
 
 #include <climits>
@@ -7,24 +7,6 @@
 using namespace zeltest;
 
 namespace {
-
-std::string Converted(std::string text, const UpperHalf& table)
-{
-    for (char& c : text) {
-        const auto code = static_cast<unsigned char>(c);
-        if (code >= 0x80)
-            c = static_cast<char>(table[code - 0x80]);
-    }
-    return text;
-}
-
-/// The system's OEM code page, told by a character that becomes another near one in each.
-unsigned int OemCodePage()
-{
-    char lowQuote[] = "\x84";
-    EXPECT_EQ(ZelDtConvertCodePageFkt(lowQuote, ZelDtCpAnsiToOem), 1);
-    return lowQuote[0] == '"' ? 850U : 437U;
-}
 
 std::string AllBytes()
 {
