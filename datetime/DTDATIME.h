@@ -92,9 +92,9 @@ public:
 
     /// Undefined in `mode`.
     ZelDtDateTime(ZelDtWorkingMode mode = ZelDtWmDefault);
-    /// Defined, from the record's fields. Its year goes through SetYear as it is, so only records
-    /// of the years 1900 to 1999 are taken, for years of the current century; any other is an
-    /// error, and so is null.
+    /// Defined, from the record's fields. Its year, which counts from 1900, goes through SetYear as
+    /// if it were a calendar year: records of 1900 to 1999 become years of the current century,
+    /// those of 2000 and later are errors. So is null.
     ZelDtDateTime(const std::tm* record);
     /// The moment of a valid framework date, defined; undefined for any other.
     ZelDtDateTime(const COleDateTime& source);

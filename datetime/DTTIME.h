@@ -72,7 +72,8 @@ public:
     ZelDtTime(long hours, long fraction, TimeMode mode = Eigener);
     /// The same. A missing argument is error 1; a Null one counts as the number it stores.
     ZelDtTime(const ZelDtLong& hours, const ZelDtLong& fraction, TimeMode mode = Eigener);
-    /// Mode and flags of the source; its text, read as above, if it is defined, else 0.
+    /// Mode and flags of the source; its text, read as above, if it is defined, else 0 in the mode,
+    /// Eigener counting as Minuten.
     ZelDtTime(const ZelDtString& source, TimeMode mode = Eigener);
     /// Working mode, flags, amount and time mode of the source, defined or not.
     ZelDtTime(const ZelDtTime& source);
@@ -124,7 +125,7 @@ public:
     /// Replaces the whole hours; what is beside them stays.
     void SetHour(long hours);
     /// Replaces what is beside the whole hours by `fraction` minutes or hundredths, which may have
-    /// any size and sign: after SetHour(-1), SetMin(30, Minuten) makes it -0:30. Stunden sets 0.
+    /// any size and sign: SetMin(30, Minuten) makes -1:00 to -0:30. Stunden sets 0.
     void SetMin(long fraction, TimeMode mode = Eigener);
     /// The whole amount in minutes, hundredths of an hour or hours.
     void SetTime(long amount, TimeMode mode = Eigener);

@@ -49,11 +49,9 @@ public:
 
     static void SetDefined(Object& a, int defined) { a.SetDefined(defined); }
 
-    /// Takes over number and definedness.
+    /// Takes over number and definedness of another object.
     static void Copy(Object& a, const Object& source)
     {
-        if (&a == &source)
-            return;
         Change(a, Of(source));
         a.ZelDtBasis::operator=(source);
     }

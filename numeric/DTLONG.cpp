@@ -92,7 +92,8 @@ ZelDtLong::~ZelDtLong()
 
 ZelDtLong& ZelDtLong::operator=(const ZelDtLong& source)
 {
-    Rep::Copy(*this, source);
+    if (this != &source)
+        Rep::Copy(*this, source);
     return *this;
 }
 

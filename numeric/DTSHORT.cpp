@@ -100,7 +100,8 @@ ZelDtShort::~ZelDtShort()
 
 ZelDtShort& ZelDtShort::operator=(const ZelDtShort& source)
 {
-    Rep::Copy(*this, source);
+    if (this != &source)
+        Rep::Copy(*this, source);
     return *this;
 }
 

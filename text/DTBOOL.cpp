@@ -45,6 +45,8 @@ constexpr Operation kConvToRecordSet =
 constexpr Operation kSerialize = Op("VOID  ZelDtBool :: Serialize ( CArchive & )");
 constexpr Operation kEqual = Op("BOOL  ZelDtBool :: operator== ( const ZelDtBool & ) const");
 constexpr Operation kUnequal = Op("BOOL  ZelDtBool :: operator!= ( const ZelDtBool & ) const");
+constexpr Operation kEqualText = Op("BOOL  ZelDtBool :: operator== ( LPCTSTR ) const");
+constexpr Operation kUnequalText = Op("BOOL  ZelDtBool :: operator!= ( LPCTSTR ) const");
 
 /// Builds the default format while the library is being loaded.
 [[maybe_unused]] const ZelFormat& defaultFormatAtLoad = zeldt::BoolRules::DefaultFormat();
@@ -90,7 +92,8 @@ ZelDtBool::~ZelDtBool()
 
 ZelDtBool& ZelDtBool::operator=(const ZelDtBool& source)
 {
-    Rep::Copy(*this, source);
+    if (this != &source)
+        Rep::Copy(*this, source);
     return *this;
 }
 
@@ -225,4 +228,16 @@ int ZelDtBool::operator==(const ZelDtBool& right) const
 int ZelDtBool::operator!=(const ZelDtBool& right) const
 {
     return !Rep::Equal(kUnequal, *this, right);
+}
+
+int ZelDtBool::operator==(const char* right) const
+{
+    zeldt::RequireReadable(kEqualText, *this);
+    return right != nullptr && *this == ZelDtBool(right);
+}
+
+int ZelDtBool::operator!=(const char* right) const
+{
+    zeldt::RequireReadable(kUnequalText, *this);
+    return right == nullptr || *this != ZelDtBool(right);
 }

@@ -120,14 +120,8 @@ public:
     friend int operator!=(const ZelDtBool& l, BOOL r) { return l != ZelDtBool(r); }
     friend int operator==(BOOL l, const ZelDtBool& r) { return r == ZelDtBool(l); }
     friend int operator!=(BOOL l, const ZelDtBool& r) { return r != ZelDtBool(l); }
-    friend int operator==(const ZelDtBool& l, const char* r)
-    {
-        return r != nullptr ? l == ZelDtBool(r) : !(l == l);
-    }
-    friend int operator!=(const ZelDtBool& l, const char* r)
-    {
-        return r != nullptr ? l != ZelDtBool(r) : !(l != l);
-    }
+    int operator==(const char* right) const;
+    int operator!=(const char* right) const;
     friend int operator==(const char* l, const ZelDtBool& r) { return r == l; }
     friend int operator!=(const char* l, const ZelDtBool& r) { return r != l; }
 

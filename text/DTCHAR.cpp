@@ -40,6 +40,8 @@ constexpr Operation kConvToRecordSet = Op("ConvToRecordSet(CRecordset&,CString&)
 constexpr Operation kSerialize = Op("Serialize(CArchive&)");
 constexpr Operation kEqual = Op("operator==(ZelDtChar&)");
 constexpr Operation kUnequal = Op("operator!=(ZelDtChar&)");
+constexpr Operation kEqualText = Op("operator==(LPCTSTR)");
+constexpr Operation kUnequalText = Op("operator!=(LPCTSTR)");
 constexpr Operation kEqualString = Op("operator==(ZelDtString&)");
 constexpr Operation kUnequalString = Op("operator!=(ZelDtString&)");
 
@@ -104,7 +106,8 @@ ZelDtChar::~ZelDtChar()
 
 ZelDtChar& ZelDtChar::operator=(const ZelDtChar& source)
 {
-    Rep::Copy(*this, source);
+    if (this != &source)
+        Rep::Copy(*this, source);
     return *this;
 }
 
@@ -242,4 +245,16 @@ int ZelDtChar::operator==(const ZelDtString& right) const
 int ZelDtChar::operator!=(const ZelDtString& right) const
 {
     return !EqualTexts(kUnequalString, *this, right);
+}
+
+int ZelDtChar::operator==(const char* right) const
+{
+    zeldt::RequireReadable(kEqualText, *this);
+    return right != nullptr && m_pImp->value == FirstOf(right);
+}
+
+int ZelDtChar::operator!=(const char* right) const
+{
+    zeldt::RequireReadable(kUnequalText, *this);
+    return right == nullptr || m_pImp->value != FirstOf(right);
 }

@@ -128,14 +128,8 @@ public:
     friend int operator!=(const ZelDtChar& l, char r) { return l != ZelDtChar(r); }
     friend int operator==(char l, const ZelDtChar& r) { return r == ZelDtChar(l); }
     friend int operator!=(char l, const ZelDtChar& r) { return r != ZelDtChar(l); }
-    friend int operator==(const ZelDtChar& l, const char* r)
-    {
-        return r != nullptr ? l == ZelDtChar(r) : !(l == l);
-    }
-    friend int operator!=(const ZelDtChar& l, const char* r)
-    {
-        return r != nullptr ? l != ZelDtChar(r) : !(l != l);
-    }
+    int operator==(const char* right) const;
+    int operator!=(const char* right) const;
     friend int operator==(const char* l, const ZelDtChar& r) { return r == l; }
     friend int operator!=(const char* l, const ZelDtChar& r) { return r != l; }
 

@@ -339,7 +339,6 @@ private:
     friend ZELDT_API ZelDtString operator+(const char* left, const ZelDtString& right);
     friend ZELDT_API ZelDtString operator+(char left, const ZelDtString& right);
     friend ZELDT_API ZelDtString operator+(const ZelDtChar& left, const ZelDtString& right);
-    friend ZELDT_API ZelDtString operator+(const ZelDtChar& left, const ZelDtChar& right);
 
     int ChangeAt(const ZelDtString& oldPart, const ZelDtString& newPart, int position);
     void AssignText(const zeldt::Operation& operation, std::string_view text);

@@ -247,9 +247,13 @@ ZelDtString operator+(const ZelDtChar& left, const ZelDtString& right)
 
 ZelDtString operator+(const ZelDtChar& left, const ZelDtChar& right)
 {
-    const char leftCharacter = left;
-    const char rightCharacter = right;
-    return ZelDtString::Sum(kCharValues, left, right, {&leftCharacter, 1}, {&rightCharacter, 1});
+    return Guarded(kCharValues, [&] {
+        if (!left.IsDefined() || !right.IsDefined())
+            return ZelDtString(left.IsDefined() ? left : right);
+        ZelDtString text;
+        text = left; // a NUL too, which the constructor drops
+        return text + right;
+    });
 }
 
 ZelDtString operator+(const ZelDtChar& left, char right)

@@ -4,7 +4,7 @@
 #include "platform/runtime/digits.h"
 #include "platform/runtime/localtime.h"
 
-#include <limits>
+#include <optional>
 
 namespace {
 
@@ -37,7 +37,7 @@ constexpr Operation kSetDateTime = Op("SetDateTime(LPCTSTR)");
 constexpr Operation kAddDay365 = Op("AddDay365(SHORT)");
 constexpr Operation kSubDay365 = Op("SubDay365(SHORT)");
 
-constexpr std::int64_t kFirstYear = 1753;
+constexpr int kFirstYear = 1753;
 constexpr int kLastShortYear = 99; ///< years up to here have two digits
 
 std::string_view RequiredText(const Operation& operation, const char* text)
@@ -95,6 +95,39 @@ constexpr int DigitOf(char c)
 constexpr bool IsSeparator(char c)
 {
     return c == '.' || c == '/';
+}
+
+constexpr int kNoNumber = -1;
+
+/// The number of two digits, else kNoNumber. Looks no further than a first character that is none.
+constexpr int DigitPair(const char* text)
+{
+    return IsDigit(text[0]) && IsDigit(text[1]) ? DigitOf(text[0]) * 10 + DigitOf(text[1])
+                                                : kNoNumber;
+}
+
+struct DateNumbers {
+    int day;
+    int month;
+    int year;
+};
+
+/// The numbers of "dd.mm.yyyy", alone or before a blank, as most dates are written. Nothing for any
+/// other text and for the year 0000, which takes the long way.
+constexpr std::optional<DateNumbers> ReadUsualDate(const char* text)
+{
+    const int day = DigitPair(text);
+    if (day == kNoNumber || text[2] != '.')
+        return std::nullopt;
+    const int month = DigitPair(text + 3);
+    if (month == kNoNumber || text[5] != '.')
+        return std::nullopt;
+    const int century = DigitPair(text + 6);
+    const int yearOfCentury = century != kNoNumber ? DigitPair(text + 8) : kNoNumber;
+    const int year = century * 100 + yearOfCentury;
+    if (yearOfCentury == kNoNumber || year == 0 || (text[10] != '\0' && text[10] != ' '))
+        return std::nullopt;
+    return DateNumbers{day, month, year};
 }
 
 /// Where the day ends and where the month does.
@@ -299,7 +332,9 @@ void ZelDtDateTime_Imp::SetSysDateTime()
 
 void ZelDtDateTime_Imp::SetDate(const char* text)
 {
-    ReadDate(RequiredText(kSetDate, text));
+    if (text == nullptr)
+        Raise(kSetDate, ErrorNo::InitialValue);
+    ReadDate(text);
 }
 
 void ZelDtDateTime_Imp::SetTime(const char* text)
@@ -313,11 +348,30 @@ void ZelDtDateTime_Imp::SetDateTime(const char* text)
     constexpr std::size_t timePosition = 11;
     const std::string_view both = RequiredText(kSetDateTime, text);
     RequireLayout(kSetDateTime, both.size() >= shortest);
-    ReadDate(both);
+    ReadDate(text);
     ReadTime(both.substr(timePosition));
 }
 
-void ZelDtDateTime_Imp::ReadDate(std::string_view text)
+void ZelDtDateTime_Imp::ReadDate(const char* text)
+{
+    const std::optional<DateNumbers> usual = ReadUsualDate(text);
+    if (!usual) {
+        ReadUnusualDate(text);
+        return;
+    }
+    const auto [day, month, year] = *usual;
+    if (year >= kFirstYear && day >= 1 && day <= zeldt::MonthLength(month - 1, year)) {
+        fields.year = year - zeldt::kBaseYear;
+        fields.month = month - 1;
+        fields.day = day;
+        return;
+    }
+    SetYear(year);
+    SetMonth(month);
+    SetDay365(day);
+}
+
+void ZelDtDateTime_Imp::ReadUnusualDate(std::string_view text)
 {
     RequireLayout(kSetDate, text.size() >= 6);
     const DateSeparators separators = FindSeparators(text);

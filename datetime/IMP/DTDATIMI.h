@@ -90,7 +90,8 @@ private:
     explicit ZelDtDateTime_Imp(const SYSTEMTIME& moment);
     void StoreDate(const zeldt::Operation& operation, const zeldt::CalendarDate& date);
     void StoreYear(const zeldt::Operation& operation, std::int64_t yearSince1900);
-    void ReadDate(std::string_view text);
+    void ReadDate(const char* text);
+    void ReadUnusualDate(std::string_view text);
     void ReadTime(std::string_view text);
 };
 

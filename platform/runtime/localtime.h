@@ -8,13 +8,14 @@
 
 namespace zelrt {
 
-/// Splits `moment` into the fields of the local calendar. False, with `fields` unspecified, when
-/// the system cannot express the moment.
+/// Splits `moment` into the fields of the local calendar, in the time zone that is set now. False,
+/// with `fields` unspecified, when the system cannot express the moment.
 inline bool LocalTime(std::time_t moment, std::tm& fields) noexcept
 {
 #ifdef _WIN32
     return localtime_s(&fields, &moment) == 0;
 #else
+    tzset(); // localtime() does that itself, localtime_r() need not
     return localtime_r(&moment, &fields) != nullptr;
 #endif
 }

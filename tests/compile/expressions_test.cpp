@@ -734,6 +734,88 @@ TEST(CharExpressions, AssignAndConvertWithoutCasts)
     EXPECT_TRUE(s == "abbc");
 }
 
+TEST(DateExpressions, AreMadeFromNumbersTextsAndValues)
+{
+    const ZelDtShort day(5);
+    const ZelDtShort month(3);
+    const ZelDtShort year(2000);
+    const short shortDay = 5;
+    const ZelDtDateTime m(5, 3, 2000, 14, 7, 9);
+    const ZelDtDateZp z(5, 3, 2000);
+    EXPECT_TRUE(ZelDtDateTime(shortDay, 3, 2000, 14, 7, 9) == m);
+    EXPECT_TRUE(ZelDtDateTime("05.03.2000 14:07:09", ZelDtDateTime::DateTimeString) == m);
+    EXPECT_TRUE(ZelDtDateTime(5, 3, 2000) == z);
+    EXPECT_TRUE(ZelDtDateTime(day, month, year) == z);
+    EXPECT_TRUE(ZelDtDateZp(shortDay, 3, 2000) == z);
+    EXPECT_TRUE(ZelDtDateZp(day, month, year) == z);
+    EXPECT_TRUE(ZelDtDateZp("5.3.2000") == z);
+    EXPECT_TRUE(ZelDtDateZp(ZelDtString("5.3.2000")) == z);
+    EXPECT_TRUE(ZelDtDateZp(m) == z);
+    EXPECT_EQ(ZelDtDateTime(0, 30).GetMin(), 30);
+    EXPECT_EQ(ZelDtDateTime(day, month).GetMin(), 3);
+    EXPECT_GE(ZelDtDateTime(ZelDtDateTime::ksDateTimeNow, 0).GetYear(), 2000);
+    EXPECT_TRUE(ZelDtDateTime(ZelDtWmNull).IsNull());
+    EXPECT_TRUE(ZelDtString(m) == "05.03.2000 14:07:09");
+    EXPECT_TRUE(ZelDtString(z) == "05.03.2000");
+}
+
+TEST(DateExpressions, CompareFrameworkDatesOnBothSides)
+{
+    const ZelDtDateTime m(5, 3, 2000, 14, 7, 9);
+    const ZelDtDateZp z(5, 3, 2000);
+    const COleDateTime noon(2000, 3, 5, 12, 0, 0);
+    const COleDateTime midnight(2000, 3, 5, 0, 0, 0);
+    EXPECT_TRUE(m > noon);
+    EXPECT_TRUE(m >= noon);
+    EXPECT_TRUE(m != noon);
+    EXPECT_FALSE(m == noon);
+    EXPECT_FALSE(m < noon);
+    EXPECT_FALSE(m <= noon);
+    EXPECT_TRUE(noon < m);
+    EXPECT_TRUE(noon <= m);
+    EXPECT_TRUE(noon != m);
+    EXPECT_FALSE(noon == m);
+    EXPECT_FALSE(noon > m);
+    EXPECT_FALSE(noon >= m);
+    EXPECT_TRUE(z == midnight);
+    EXPECT_TRUE(midnight == z);
+    EXPECT_TRUE(z < m);
+    EXPECT_TRUE(m != z);
+    EXPECT_TRUE(z == z);
+}
+
+TEST(DateExpressions, MoveByTimesAndHaveTimesBetweenThem)
+{
+    ZelDtDateTime m(5, 3, 2000, 14, 7, 9);
+    ZelDtDateZp z(5, 3, 2000);
+    const ZelDtTime t(24, 0);
+    EXPECT_TRUE(m + t == ZelDtDateTime(6, 3, 2000, 14, 7, 9));
+    EXPECT_TRUE(m - "14:07" == ZelDtDateTime(5, 3, 2000, 0, 0, 9));
+    EXPECT_TRUE((std::is_same<decltype(m + t), ZelDtDateTime>::value));
+    EXPECT_TRUE((std::is_same<decltype(z - t), ZelDtDateZp>::value));
+    EXPECT_TRUE(z + t == ZelDtDateZp(6, 3, 2000));
+    EXPECT_TRUE(m - z == ZelDtTime(14, 7));
+    EXPECT_TRUE(z - z == ZelDtTime(0, 0));
+    EXPECT_TRUE(ZelDtString("am ") + z == "am 05.03.2000");
+    m.AddHour(ZelDtLong(1));
+    m.SetDay365(ZelDtShort(6));
+    EXPECT_TRUE(m == ZelDtDateTime(6, 3, 2000, 15, 7, 9));
+    z = m;
+    const std::tm record = z;
+    EXPECT_EQ(record.tm_hour, 0);
+    const COleDateTime framework = m;
+    EXPECT_EQ(framework.GetHour(), 15);
+    m = z;
+    EXPECT_EQ(m.GetHour(), 0);
+    m = framework;
+    EXPECT_EQ(m.GetHour(), 15);
+    z = "1.2.2000";
+    EXPECT_EQ(z.GetMonth(), 2);
+    ZelDtString s;
+    s = z;
+    EXPECT_TRUE(s == "01.02.2000");
+}
+
 TEST(ValueArrays, CrossTheLibraryBorder)
 {
     ZelDtLong* numbers = new ZelDtLong[3];

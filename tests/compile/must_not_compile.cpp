@@ -4,7 +4,7 @@
 #include <ZelDt.h>
 
 void Use(ZelDtLong& l, ZelDtString& s, ZelDtShort& n, const ZelDtDecimal& d, const ZelDtDouble& x,
-         ZelDtBool& b, ZelDtChar& c)
+         ZelDtBool& b, ZelDtChar& c, ZelDtDateTime& m, ZelDtDateZp& z, ZelDtTime& span)
 {
 #if CASE == 0
     l = l * 2;
@@ -35,6 +35,13 @@ void Use(ZelDtLong& l, ZelDtString& s, ZelDtShort& n, const ZelDtDecimal& d, con
     (void)('x' == c && c == s);
     l += b.GetValue();
     (void)(s == ZelDtString(b));
+    m = ZelDtDateTime(5, 3, 2000, 14, 7, 9);
+    m.AddDay365(n);
+    m.SubHour(l);
+    z = m;
+    z = "05.03.2000";
+    (void)(m - z == span && z + span < m);
+    s = z;
 #elif CASE == 1
     l = l * 2.5;
 #elif CASE == 2
@@ -344,6 +351,109 @@ void Use(ZelDtLong& l, ZelDtString& s, ZelDtShort& n, const ZelDtDecimal& d, con
     l += c;
 #elif CASE == 262
     (void)(d < c);
+#elif CASE == 300
+    ZelDtDateTime other(5);
+#elif CASE == 301
+    ZelDtDateTime other(0);
+#elif CASE == 302
+    ZelDtDateTime other(1.5);
+#elif CASE == 303
+    ZelDtDateTime other(l);
+#elif CASE == 304
+    ZelDtDateTime other(n);
+#elif CASE == 305
+    ZelDtDateTime other(x);
+#elif CASE == 306
+    ZelDtDateTime other("05.03.2000");
+#elif CASE == 307
+    ZelDtDateTime other(s);
+#elif CASE == 308
+    ZelDtDateTime other(1.5, 30);
+#elif CASE == 309
+    ZelDtDateTime other(12L, 30L);
+#elif CASE == 310
+    ZelDtDateTime other(5, 3, 2000.5);
+#elif CASE == 311
+    ZelDtDateTime other(5, 3, 2000, 14.5F, 7, 9);
+#elif CASE == 312
+    ZelDtDateZp other(5);
+#elif CASE == 313
+    ZelDtDateZp other(l);
+#elif CASE == 314
+    ZelDtDateZp other(5.5, 3, 2000);
+#elif CASE == 315
+    ZelDtDateZp other(l, l, l);
+#elif CASE == 316
+    m = 5;
+#elif CASE == 317
+    m = 1.5;
+#elif CASE == 318
+    m = s;
+#elif CASE == 319
+    m = "05.03.2000";
+#elif CASE == 320
+    z = 1.5;
+#elif CASE == 321
+    z = 5;
+#elif CASE == 322
+    (void)(m == 5);
+#elif CASE == 323
+    (void)(0 == m);
+#elif CASE == 324
+    (void)(m < 1.5);
+#elif CASE == 325
+    (void)(1.5 < m);
+#elif CASE == 326
+    (void)(m == s);
+#elif CASE == 327
+    (void)(s == m);
+#elif CASE == 328
+    (void)(z < s);
+#elif CASE == 329
+    (void)("05.03.2000" > z);
+#elif CASE == 330
+    (void)(m == span);
+#elif CASE == 331
+    (void)(span < m);
+#elif CASE == 332
+    (void)(m == l);
+#elif CASE == 333
+    (void)(m + 1);
+#elif CASE == 334
+    (void)(m - 1L);
+#elif CASE == 335
+    (void)(z + 1);
+#elif CASE == 336
+    (void)(z - 1.5);
+#elif CASE == 337
+    (void)(1 + z);
+#elif CASE == 338
+    (void)(1L + m);
+#elif CASE == 339
+    (void)(m + m);
+#elif CASE == 340
+    (void)(span + m);
+#elif CASE == 341
+    m.SetDay365(2.5);
+#elif CASE == 342
+    m.SetDay365(5L);
+#elif CASE == 343
+    m.SetMonth(l);
+#elif CASE == 344
+    m.AddDay365(0.5);
+#elif CASE == 345
+    m.AddHour(0.5);
+#elif CASE == 346
+    m.SubHour(4000000000U);
+#elif CASE == 347
+    m.AddMin(x);
+#elif CASE == 348
+    m.SubMin(1LL);
+#elif CASE == 349
+    if (m)
+        return;
+#elif CASE == 350
+    int number = z;
 #endif
     (void)l;
     (void)s;
@@ -352,4 +462,7 @@ void Use(ZelDtLong& l, ZelDtString& s, ZelDtShort& n, const ZelDtDecimal& d, con
     (void)x;
     (void)b;
     (void)c;
+    (void)m;
+    (void)z;
+    (void)span;
 }

@@ -178,7 +178,6 @@ TEST_F(ExternalForm, IsReadByItsLetter)
         {"D0503  99", {2099, 3, 5, 0, 0, 0}},
         {"D05030005", {2005, 3, 5, 0, 0, 0}},
         {"D0503   0", {2000, 3, 5, 0, 0, 0}},
-        {"C0503   5140709", {2005, 3, 5, 14, 7, 9}},
         // missing fields are 0
         {"D0503", {2000, 3, 5, 0, 0, 0}},
         {"D05031", {2001, 3, 5, 0, 0, 0}},
@@ -278,6 +277,9 @@ TEST_F(ExternalForm, WithFieldsOutOfRangeOnlyMakesDefined)
         {"C01012000000060", 30},
         {"C010120000000-1", 30},
         {"C99992000999999", 26},
+        // the blanks before a year are none of its four places: 5140 and 9991 are read
+        {"C0503   5140709", 28},
+        {"C0503 999140709", 28},
         {"T240000", 28},
         {"T990000", 28},
         {"T-10000", 28},

@@ -131,7 +131,8 @@ TEST(HostileArchive, AmountsAtTheLimitsAreUsedWithoutHarm)
         EXPECT_TRUE(FailsBehind(
             "AddMin", 8, [&] { value.AddMin(units < 0 ? LONG_MIN : LONG_MAX, kHundredths); }));
         EXPECT_EQ(Look(value), before);
-        value -= value;
+        const ZelDtTime& same = value;
+        value -= same;
         EXPECT_EQ(StoredUnits(value), 0);
     }
 }

@@ -66,12 +66,48 @@ TEST(Construction, FromAModeHoldsNothing)
     }
 }
 
+/// Whether a changing operation takes a number of the type.
+#define ZEL_TAKES(operation)                                                                       \
+    template <typename Time, typename Number>                                                      \
+    concept Takes##operation = requires(Time time, Number number)                                  \
+    {                                                                                              \
+        time.operation(number);                                                                    \
+    }
+ZEL_TAKES(SetHour);
+ZEL_TAKES(SetMin);
+ZEL_TAKES(SetTime);
+ZEL_TAKES(AddHour);
+ZEL_TAKES(SubHour);
+ZEL_TAKES(AddMin);
+ZEL_TAKES(SubMin);
+ZEL_TAKES(SetFromSQL);
+#undef ZEL_TAKES
+
+/// How many of the changing operations take a number of the type.
+template <typename Number>
+constexpr int kTakers = TakesSetHour<ZelDtTime, Number> + TakesSetMin<ZelDtTime, Number> +
+                        TakesSetTime<ZelDtTime, Number> + TakesAddHour<ZelDtTime, Number> +
+                        TakesSubHour<ZelDtTime, Number> + TakesAddMin<ZelDtTime, Number> +
+                        TakesSubMin<ZelDtTime, Number> + TakesSetFromSQL<ZelDtTime, Number>;
+
+TEST(Fractions, OfPlainNumbersAreRefused)
+{
+    EXPECT_EQ(kTakers<int>, 8);
+    EXPECT_EQ(kTakers<long>, 8);
+    EXPECT_EQ(kTakers<double>, 0);
+    EXPECT_EQ(kTakers<float>, 0);
+    EXPECT_FALSE((std::is_constructible_v<ZelDtTime, double, double>));
+    EXPECT_FALSE((std::is_constructible_v<ZelDtTime, int, double>));
+    EXPECT_FALSE((std::is_constructible_v<ZelDtTime, double, int, TimeMode>));
+}
+
 TEST(Construction, FromASingleNumberIsRefused)
 {
     EXPECT_FALSE((std::is_constructible_v<ZelDtTime, int>));
     EXPECT_FALSE((std::is_constructible_v<ZelDtTime, long>));
     EXPECT_FALSE((std::is_constructible_v<ZelDtTime, double>));
     EXPECT_FALSE((std::is_convertible_v<int, ZelDtTime>));
+    EXPECT_FALSE((std::is_constructible_v<ZelDtTime, int, TimeMode>));
     EXPECT_TRUE((std::is_constructible_v<ZelDtTime, int, int>));
     EXPECT_TRUE((std::is_constructible_v<ZelDtTime, long, long, TimeMode>));
     EXPECT_TRUE((std::is_constructible_v<ZelDtTime, const char*>));
