@@ -10,6 +10,7 @@ void AddSortOrderJobs();
 void AddErrorJobs();
 void AddLongJobs();
 void AddDoubleJobs();
+void AddDateJobs();
 void AddDecimalJobs();
 void AddDecimal96Jobs();
 void AddStringJobs();

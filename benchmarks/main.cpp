@@ -13,6 +13,7 @@ void AddAllJobs()
     zelbench::AddDoubleJobs();
     zelbench::AddDecimalJobs();
     zelbench::AddDecimal96Jobs();
+    zelbench::AddDateJobs();
     zelbench::AddStringJobs();
     zelbench::AddQuotingJobs();
     zelbench::AddSortOrderJobs();

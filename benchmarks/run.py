@@ -49,6 +49,8 @@ BARS = {
     "integer-to-text": {"to_chars": 1.0},
     "text-to-integer": {"from_chars": 1.0},
     "text-to-integer-many": {"from_chars": 1.0},
+    "date-digits": {"fmt": 4.0, "strftime": 4.0},
+    "text-to-date-fields": {"strptime": 4.0},
     "quote/14": {"naive": 2.0},
     "quote/1000": {"naive": 15.0},
     "sortorder/compare": {"memcmp": 1 / 1.3, "icu": 7.0},
