@@ -112,6 +112,7 @@ void ArchiveReader::Fill(Row& row)
             value.Serialize(m_archive);
         }
     });
+    CompleteRow(row, m_columns);
 }
 
 void ArchiveReader::AppendRaw(const Row& row, std::string& out) const

@@ -1,7 +1,9 @@
 #ifndef ZELDT_TOOLS_ZELCONV_COLUMN_H
 #define ZELDT_TOOLS_ZELCONV_COLUMN_H
 
-/// Columns and their types. A new type is one row of the table in column.cpp.
+/// Columns and their types. A new type is one row of the table in columntypes.cpp.
+
+#include "tools/zelconv/fault.h"
 
 #include <ZelDt.h>
 
@@ -12,13 +14,19 @@
 
 namespace zelconv {
 
+/// The texts that values have. Csv has the display form, or plain texts for the numeric types.
+enum class TextForm { Sql, Extern, Display, Plain };
+
+/// The format of displayed and plain texts; null: what the class shows by itself.
+const ZelFormat* FormatOf(TextForm form);
+
 /// What a type must know beyond the common interface of the value classes. Functions that may be
 /// null are for defined values.
 struct ColumnType {
     static constexpr int kNoParameter = -1;
 
     const char* name;
-    bool numeric; ///< shown at the right edge of its column
+    bool numeric; ///< shown at the right edge of its column, and may have plain texts
     std::unique_ptr<ZelDtBasis> (*create)(ZelDtWorkingMode mode);
     ZelDtString (*toSql)(const ZelDtBasis& value);
     /// Whether `a` comes before `b`; both are defined.
@@ -26,17 +34,26 @@ struct ColumnType {
 
     /// Largest parameter in parentheses, which may be left out; kNoParameter: takes none.
     int mostParameter = kNoParameter;
-    /// Makes a value that was read what the parameter of its column asks for; false if it cannot
-    /// be. Null: nothing to do.
-    bool (*fit)(ZelDtBasis& value, int parameter) = nullptr;
-    /// The decimals that the value holds: fewer than were read if it had to be rounded. Null: a
-    /// type without decimals, or one that rounds by its nature.
-    int (*countDecimals)(const ZelDtBasis& value) = nullptr;
-    /// Whether the value's text in SQL or extern form reads back as the same value. Null: always.
-    bool (*readsBack)(const ZelDtBasis& value, const ZelDtString& text) = nullptr;
-    /// A text that tells every value apart. Null: the text in extern form does.
+    /// Makes a value that was read what the parameter of its column asks for. Null: nothing to do.
+    Finding (*fit)(ZelDtBasis& value, int parameter) = nullptr;
+    /// Whether the value lacks something of the displayed or plain text that it was read from.
+    /// Null: the class reads all of a text or none.
+    Finding (*checkTyped)(const ZelDtBasis& value, TextForm form, std::string_view text) = nullptr;
+    /// Makes up for what extern form and archives do not tell of a value, whatever the one before
+    /// it was. Null: they tell everything.
+    Finding (*complete)(ZelDtBasis& value) = nullptr;
+    /// Whether a text that was made of the value reads back as the same value. Null: always.
+    bool (*readsBack)(const ZelDtBasis& value, TextForm form, std::string_view text) = nullptr;
+    /// A text that tells every value apart, where the one in extern form does not read back. Null:
+    /// it always does.
     std::string (*exactText)(const ZelDtBasis& value) = nullptr;
 };
+
+/// The type of that name; null if there is none.
+const ColumnType* FindType(std::string_view name);
+
+/// The names of all types, with their parameters, for people.
+std::string TypeNames();
 
 struct Column {
     std::string name; ///< code page 1252
@@ -70,9 +87,6 @@ std::size_t FindColumn(const Columns& columns, std::string_view name);
 
 /// Failure naming `source` unless both have the same names and types in the same order.
 void RequireSameColumns(const Columns& wanted, const Columns& found, const std::string& source);
-
-/// Numbers as programs write them: a point before the decimals, no groups.
-const ZelFormat& PlainNumbers();
 
 } // namespace zelconv
 

@@ -172,17 +172,6 @@ void CsvReader::CheckRow() const
         throw MakeFault(RowError::TooManyCells);
 }
 
-/// Digits behind the point, or the comma, of a number that was typed.
-int DecimalsOf(std::string_view number, char point)
-{
-    const std::size_t begin = number.find(point);
-    if (begin == std::string_view::npos)
-        return 0;
-    return static_cast<int>(std::count_if(number.begin() + static_cast<std::ptrdiff_t>(begin),
-                                          number.end(),
-                                          [](char c) { return c >= '0' && c <= '9'; }));
-}
-
 /// What a display format does not show, it leaves as it was; so the value is cleared first.
 void CsvReader::SetFromCell(ZelDtBasis& value, int column)
 {
@@ -192,13 +181,12 @@ void CsvReader::SetFromCell(ZelDtBasis& value, int column)
     m_cell.clear();
     DecodeCell(m_charset, text, column, m_cell);
     const ColumnType& type = *m_columns[static_cast<std::size_t>(column)].type;
-    const bool plain = m_plainNumbers && type.numeric;
+    const TextForm form = m_plainNumbers && type.numeric ? TextForm::Plain : TextForm::Display;
     ForColumn(column, [&] {
         value.Clear();
-        value.SetFromOFL(m_cell.c_str(), plain ? &PlainNumbers() : nullptr);
-        if (type.countDecimals != nullptr && value.IsDefined() &&
-            type.countDecimals(value) != DecimalsOf(m_cell, plain ? '.' : ','))
-            throw MakeFault(RowError::TooManyDigits, column);
+        value.SetFromOFL(m_cell.c_str(), FormatOf(form));
+        if (type.checkTyped != nullptr && value.IsDefined())
+            Refuse(type.checkTyped(value, form, m_cell), column);
     });
 }
 

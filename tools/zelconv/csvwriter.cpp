@@ -75,10 +75,11 @@ void CsvWriter::Encode(const Row& row, std::string& record)
 {
     record.clear();
     for (int column = 0; column < row.GetCount(); ++column) {
-        const bool plain =
-            m_plainNumbers && m_columns[static_cast<std::size_t>(column)].type->numeric;
-        const CString text = ForColumn(
-            column, [&] { return row[column].ConvToOFL(plain ? &PlainNumbers() : nullptr); });
+        const ColumnType& type = *m_columns[static_cast<std::size_t>(column)].type;
+        const TextForm form = m_plainNumbers && type.numeric ? TextForm::Plain : TextForm::Display;
+        const CString text =
+            ForColumn(column, [&] { return row[column].ConvToOFL(FormatOf(form)); });
+        RequireReadsBack(type, row[column], form, ViewOf(text), column);
         AppendCell(ViewOf(text), row[column].IsDefined() != 0, column, record);
     }
     record += '\n';

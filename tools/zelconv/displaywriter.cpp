@@ -97,6 +97,8 @@ void DisplayWriter::Encode(const Row& row, std::string& record)
     record.clear();
     for (int column = 0; column < row.GetCount(); ++column) {
         const CString text = ForColumn(column, [&] { return row[column].ConvToOFL(nullptr); });
+        RequireReadsBack(*m_columns[static_cast<std::size_t>(column)].type, row[column],
+                         TextForm::Display, ViewOf(text), column);
         m_shown.clear();
         AppendShown(ViewOf(text), m_shown);
         EncodeCell(m_charset, m_shown, column, record);

@@ -98,6 +98,7 @@ void ExternReader::Fill(Row& row)
     }
     if (!atEnd)
         throw MakeFault(RowError::TooManyCells);
+    CompleteRow(row, m_columns);
 }
 
 } // namespace

@@ -101,7 +101,7 @@ void AppendExternCell(const ZelDtBasis& value, const ColumnType& type, int colum
     unsigned short version = 0;
     const ZelDtString text =
         ForColumn(column, [&] { return value.ConvToExtern(defined, version); });
-    RequireReadsBack(type, value, text, column);
+    RequireReadsBack(type, value, TextForm::Extern, ViewOf(text), column);
     out += std::to_string(version);
     out += defined != 0 ? ":1:" : ":0:";
     AppendEscaped(ViewOf(text), out);
@@ -113,10 +113,13 @@ void AppendExternRow(const Row& row, const Columns& columns, std::string& out)
         const ColumnType& type = *columns[static_cast<std::size_t>(column)].type;
         if (column != 0)
             out += kExternSeparator;
-        if (type.exactText != nullptr && row[column].IsDefined())
-            out += "100:1:" + type.exactText(row[column]);
-        else
+        try {
             AppendExternCell(row[column], type, column, out);
+        } catch (const RowFault&) {
+            if (type.exactText == nullptr)
+                throw;
+            out += "100:1:" + type.exactText(row[column]);
+        }
     }
 }
 

@@ -34,8 +34,8 @@ bool TakeExternCell(std::string_view& line, bool& atEnd, std::string_view& cell)
 void AppendExternCell(const ZelDtBasis& value, const ColumnType& type, int column,
                       std::string& out);
 
-/// Appends the line of a row without line end, for people: also numbers that extern form would
-/// round, NaN and infinities are in there.
+/// Appends the line of a row without line end, for people: it has also the values that extern form
+/// would change or lacks, each with all that it holds.
 void AppendExternRow(const Row& row, const Columns& columns, std::string& out);
 
 /// Reads a value from its cell; a fault of `column` if that is not possible. A defined value must

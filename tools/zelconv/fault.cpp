@@ -13,7 +13,7 @@ struct ErrorRow {
 };
 
 // Code page 1252, as the texts of the library.
-constexpr std::array<ErrorRow, 13> kErrors = {{
+constexpr std::array<ErrorRow, 14> kErrors = {{
     {RowError::TooFewCells, "Zu wenige Zellen"},
     {RowError::TooManyCells, "Zu viele Zellen"},
     {RowError::Quotes, "Anf\374hrungszeichen falsch gesetzt"},
@@ -26,7 +26,8 @@ constexpr std::array<ErrorRow, 13> kErrors = {{
     {RowError::ExternCell, "Ung\374ltige Zelle in externer Darstellung"},
     {RowError::ExternText, "Externer Text k\344me nicht unver\344ndert zur\374ck"},
     {RowError::TooManyDigits, "Zahl hat mehr Stellen, als ihr Typ fasst"},
-    {RowError::Rounded, "Zahl k\344me gerundet in die Ausgabe"},
+    {RowError::Changed, "Wert k\344me nicht unver\344ndert in die Ausgabe"},
+    {RowError::TimeOfDay, "Uhrzeit bei einem Datum"},
 }};
 
 const char* TextOf(RowError error)
@@ -46,6 +47,12 @@ RowFault MakeFault(RowError error, int column, const std::string& detail)
     if (!detail.empty())
         reason.text += ": " + detail;
     return {column, reason, reason};
+}
+
+void Refuse(Finding finding, int column)
+{
+    if (finding)
+        throw MakeFault(*finding, column);
 }
 
 RowFault TakeFault(ZelDtExcep* error, int column)

@@ -6,6 +6,7 @@
 #include <ZelDt.h>
 
 #include <new>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -32,8 +33,12 @@ enum class RowError : unsigned long {
     ExternCell = 110,
     ExternText = 111,
     TooManyDigits = 112,
-    Rounded = 113,
+    Changed = 113,
+    TimeOfDay = 114,
 };
+
+/// What is wrong with a value, if anything is.
+using Finding = std::optional<RowError>;
 
 /// An error number with its German text in code page 1252.
 struct Reason {
@@ -53,6 +58,9 @@ struct RowFault {
 /// A fault that zelconv itself found; `detail` (code page 1252) is added to its text.
 RowFault MakeFault(RowError error, int column = RowFault::kWholeRow,
                    const std::string& detail = {});
+
+/// A fault of the column if there is a finding.
+void Refuse(Finding finding, int column);
 
 /// A fault that the value library reported. Takes over `error`; null (the library had no memory
 /// left for an error) is std::bad_alloc.

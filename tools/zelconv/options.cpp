@@ -1,5 +1,6 @@
 #include "tools/zelconv/options.h"
 
+#include "tools/zelconv/column.h"
 #include "tools/zelconv/fault.h"
 
 #include <CLI/CLI.hpp>
@@ -59,8 +60,7 @@ constexpr const char* kDescription =
     "Converts typed rows between the representations of the value classes.";
 
 constexpr const char* kFooter =
-    R"(Column types: long, short, decimal, decimal(PLACES), double, string.
-
+    R"(
 A row that cannot be converted goes to the rejects file unchanged, behind a line that tells why;
 the other rows go on. An output file is complete or absent.
 
@@ -111,7 +111,7 @@ Value ValueOf(const std::array<Choice<Value>, Count>& choices, const std::string
 
 void Describe(CLI::App& app, Arguments& arguments, Options& options)
 {
-    app.footer(kFooter);
+    app.footer("Column types: " + TypeNames() + ".\n" + kFooter);
     app.set_version_flag("--version", "zelconv 1.0");
     app.add_option("--columns", options.columns,
                    "names and types, NAME:TYPE,...; needed for csv, else checked against the file");

@@ -1,7 +1,5 @@
 #include "tools/zelconv/row.h"
 
-#include "tools/zelconv/fault.h"
-
 namespace zelconv {
 
 Row::Row(const Columns& columns)
@@ -11,13 +9,22 @@ Row::Row(const Columns& columns)
         m_values.push_back(column.NewValue());
 }
 
-void RequireReadsBack(const ColumnType& type, const ZelDtBasis& value, const ZelDtString& text,
-                      int column)
+void RequireReadsBack(const ColumnType& type, const ZelDtBasis& value, TextForm form,
+                      std::string_view text, int column)
 {
     if (type.readsBack == nullptr || !value.IsDefined())
         return;
-    if (!ForColumn(column, [&] { return type.readsBack(value, text); }))
-        throw MakeFault(RowError::Rounded, column);
+    if (!ForColumn(column, [&] { return type.readsBack(value, form, text); }))
+        throw MakeFault(RowError::Changed, column);
+}
+
+void CompleteRow(Row& row, const Columns& columns)
+{
+    for (int i = 0; i < row.GetCount(); ++i) {
+        const ColumnType& type = *columns[static_cast<std::size_t>(i)].type;
+        if (type.complete != nullptr && row[i].IsDefined())
+            Refuse(ForColumn(i, [&] { return type.complete(row[i]); }), i);
+    }
 }
 
 void FitToColumns(Row& row, const Columns& columns)
@@ -26,8 +33,7 @@ void FitToColumns(Row& row, const Columns& columns)
         const Column& column = columns[static_cast<std::size_t>(i)];
         if (column.parameter == ColumnType::kNoParameter || !row[i].IsDefined())
             continue;
-        if (!ForColumn(i, [&] { return column.type->fit(row[i], column.parameter); }))
-            throw MakeFault(RowError::TooManyDigits, i);
+        Refuse(ForColumn(i, [&] { return column.type->fit(row[i], column.parameter); }), i);
     }
 }
 

@@ -27,10 +27,13 @@ private:
     std::vector<std::unique_ptr<ZelDtBasis>> m_values;
 };
 
-/// A fault of the column if the text, which is what SQL or extern form make of the value, would
-/// read back as another one.
-void RequireReadsBack(const ColumnType& type, const ZelDtBasis& value, const ZelDtString& text,
-                      int column);
+/// A fault of the column if the text that was made of the value would read back as another one.
+void RequireReadsBack(const ColumnType& type, const ZelDtBasis& value, TextForm form,
+                      std::string_view text, int column);
+
+/// Makes up for what extern form and archives do not tell of the values of a row that was read; a
+/// fault of the first one for which that cannot be done.
+void CompleteRow(Row& row, const Columns& columns);
 
 /// Brings the defined values of a row that was read to what the parameters of their columns ask
 /// for; a fault of the first one that cannot be.

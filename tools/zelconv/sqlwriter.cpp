@@ -82,7 +82,7 @@ void SqlWriter::Encode(const Row& row, std::string& record)
             record += ", ";
         const ColumnType& type = *m_columns[static_cast<std::size_t>(column)].type;
         const ZelDtString text = ForColumn(column, [&] { return type.toSql(row[column]); });
-        RequireReadsBack(type, row[column], text, column);
+        RequireReadsBack(type, row[column], TextForm::Sql, ViewOf(text), column);
         if (ViewOf(text).find('\0') != std::string_view::npos)
             throw MakeFault(RowError::NulByte, column);
         EncodeCell(m_charset, ViewOf(text), column, record);
