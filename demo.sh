@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# Shows the library's main job on the sample data: installs what is missing, builds zelconv and an
-# example program, converts the customers of examples/data/kunden.csv into every form, and computes
-# what they bought from the orders of auftraege.csv. What it makes lies in a temporary folder and is
-# gone afterwards; the build stays in build/demo.
+# Shows the library's main job on the sample data: installs what is missing, builds zelconv and two
+# example programs, converts the customers of examples/data/kunden.csv into every form, and computes
+# what they bought, and when they get it, from the orders of auftraege.csv. What it makes lies in a
+# temporary folder and is gone afterwards; the build stays in build/demo.
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -18,7 +18,7 @@ begin() {
 
 build() {
   cmake --preset release -B build/demo -DZELDT_BUILD_TESTS=OFF &&
-    cmake --build build/demo --target zelconv example_umsatz
+    cmake --build build/demo --target zelconv example_umsatz example_termine
 }
 
 # Shows a call as it could be typed, then makes it.
@@ -41,6 +41,7 @@ convert() {
 # Converts a sample; some of its rows are rejected, which is status 1 and expected.
 customers="Nr:long,Name:string,Strasse:string,PLZ:string,Ort:string,Bemerkung:string"
 orders="Nr:long,Kunde:long,Artikel:string,Menge:short,Preis:decimal(2),Rabatt:decimal,Gewicht:double"
+orders+=",Auftragsdatum:datetime,Faellig:date,Arbeitszeit:time,Express:bool,Status:char"
 convert_sample() { # COLUMNS OPTION...
   local status=0
   convert --columns "$1" --from csv "${@:2}" || status=$?
@@ -58,7 +59,7 @@ if ! build >"$work/build.log" 2>&1; then
   tail -n 40 "$work/build.log"
   false
 fi
-echo "built: build/demo/bin/zelconv, build/demo/bin/umsatz"
+echo "built: build/demo/bin/zelconv, build/demo/bin/umsatz, build/demo/bin/termine"
 
 begin "customers in house order, as a display table"
 convert_sample "$customers" --to display --sort Name --rejects "$work/rejects.txt" "$sample" "$work/table.txt"
@@ -95,10 +96,10 @@ begin "what was rejected, and why"
 cat "$work/rejects.txt"
 echo
 
-begin "orders: short, decimal and double as SQL"
+begin "orders: numbers, dates, times, yes and no as SQL"
 convert_sample "$orders" --to sql --table Auftraege --rejects "$work/rejects.txt" \
   "$sample_orders" "$work/auftraege.sql"
-head -n 5 "$work/auftraege.sql"
+head -n 3 "$work/auftraege.sql"
 echo "... $(grep -c '^INSERT INTO' "$work/auftraege.sql") statements"
 echo "Rejected, by column and first cause:"
 grep '^#zelconv' "$work/rejects.txt" | cut -f 3,7 | sort | uniq -c
@@ -106,6 +107,16 @@ grep '^#zelconv' "$work/rejects.txt" | cut -f 3,7 | sort | uniq -c
 begin "sales by customer, computed with decimals"
 run build/demo/bin/umsatz "$sample" "$sample_orders" >"$work/report.txt"
 head -n 24 "$work/report.txt"
+echo "..."
+
+begin "delivery a month later, from date-times, dates and times"
+run build/demo/bin/termine "$sample_orders" >"$work/report.txt"
+sed -n 1,9p "$work/report.txt"
+echo "..."
+grep '^0[12]\.202[34]' "$work/report.txt"
+echo "..."
+sed -n '/^Alle/,/^Abgewiesene/p' "$work/report.txt"
+grep -m 8 -E ', (Auftragsdatum|Faellig|Arbeitszeit|Express|Status): ' "$work/report.txt"
 echo "..."
 
 echo
