@@ -109,6 +109,10 @@ public:
     ZelDtDateTime(short day, short month, short year, short hour, short minute, short second);
     /// Defined, on 1 January 1900; ksDateTimeNow as hour: now, by the local calendar.
     ZelDtDateTime(short hour, short minute);
+    /// The same. A missing argument: error 1; a Null one counts as the number it stores.
+    ZelDtDateTime(const ZelDtShort& hour, const ZelDtShort& minute);
+    ZelDtDateTime(const ZelDtShort& day, const ZelDtShort& month, const ZelDtShort& year,
+                  const ZelDtShort& hour, const ZelDtShort& minute, const ZelDtShort& second);
     /// The same with plain numbers. Outside 16 bits: error 8 behind error 1.
     ZelDtDateTime(int day, int month, int year, int hour, int minute, int second);
     ZelDtDateTime(int hour, int minute);
@@ -122,9 +126,6 @@ public:
         : ZelDtDateTime(static_cast<int>(day), static_cast<int>(month), static_cast<int>(year),
                         static_cast<int>(hour), static_cast<int>(minute), static_cast<int>(second))
     {}
-    ZelDtDateTime(const ZelDtShort& hour, const ZelDtShort& minute);
-    ZelDtDateTime(const ZelDtShort& day, const ZelDtShort& month, const ZelDtShort& year,
-                  const ZelDtShort& hour, const ZelDtShort& minute, const ZelDtShort& second);
     /// Defined. A date has a day and a month of one or two digits and a year of two or four, with
     /// points between; a time has two digits each, the hour's first may be a blank, the seconds may
     /// be missing. In a text of both the date takes ten places and a blank.
@@ -159,7 +160,7 @@ public:
     /// The fields become those of a new value, then as ZelDtBasis::Clear.
     void Clear() override;
 
-    // Reading. Missing: error 2
+    // Reading. Missing: error 2. A field that 16 bits cannot hold: error 8
 
     /// All nine fields.
     std::tm GetValue() const;
@@ -167,7 +168,7 @@ public:
     short GetDay365() const;
     /// From 1.
     short GetMonth() const;
-    /// The calendar year; one that 16 bits cannot hold: error 8.
+    /// The calendar year.
     short GetYear() const;
     short GetHour() const;
     short GetMin() const;

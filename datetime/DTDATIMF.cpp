@@ -277,7 +277,8 @@ void ZelDtDateTimeAccess::Shift(ZelDtDateTime& value, std::int64_t minutes)
         SubMinutes(value, zeldt::Magnitude(minutes));
         return;
     }
-    AddDays(value, minutes / kMinutesPerDay);
+    if (minutes >= kMinutesPerDay)
+        AddDays(value, minutes / kMinutesPerDay);
     AddMinutes(value, zeldt::Magnitude(minutes % kMinutesPerDay));
 }
 

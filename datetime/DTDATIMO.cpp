@@ -32,9 +32,8 @@ constexpr Operation kGreaterOrEqual = Op("operator>=(ZelDtDateTime&)");
 constexpr Operation kEqual = Op("operator==(ZelDtDateTime&)");
 constexpr Operation kUnequal = Op("operator!=(ZelDtDateTime&)");
 
-/// How a readable value stands to another one.
-std::strong_ordering Compare(const Operation& operation, const ZelDtDateTime& left,
-                             const ZelDtDateTime& right)
+/// How a readable value stands to another one: below 0, 0, above 0.
+int Compare(const Operation& operation, const ZelDtDateTime& left, const ZelDtDateTime& right)
 {
     zeldt::RequireReadable(operation, left, right);
     return zeldt::Compare(Access::Of(left).fields, Access::Of(right).fields);

@@ -145,13 +145,14 @@ void ZelDtDateZp::Serialize(CArchive& ar)
 {
     Guarded(kSerialize, [&] {
         const DateTimeFields& held = Access::Of(*this).fields;
+        // Of the base classes only the first one's part: the date-time would add its own fields.
         if (ar.IsStoring()) {
-            ZelDtBasis::Serialize(ar);
+            ZelDtBasis::Serialize(ar); // NOLINT(bugprone-parent-virtual-call)
             ar << held.year << held.month << held.day;
             return;
         }
         Rollback rollback(*this);
-        ZelDtBasis::Serialize(ar);
+        ZelDtBasis::Serialize(ar); // NOLINT(bugprone-parent-virtual-call)
         DateTimeFields read = held;
         ar >> read.year >> read.month >> read.day;
         rollback.Commit();

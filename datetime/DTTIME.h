@@ -2,6 +2,8 @@
 #define ZELDT_DATETIME_DTTIME_H
 
 #include "../foundation/DTBASIS.h"
+#include "../foundation/DTNOMIX.h"
+#include "DTCOUNT.h"
 
 #include <type_traits>
 
@@ -82,6 +84,8 @@ public:
     /// A number alone is no text, and a mode is no fraction.
     ZelDtTime(int) = delete;
     ZelDtTime(int, TimeMode) = delete;
+    /// Nor is a date, whose text would read as hours.
+    ZelDtTime(const ZelDtDateTime&, TimeMode = Eigener) = delete;
 
     // Assignment
 
@@ -199,36 +203,32 @@ public:
     int operator==(const ZelDtTime& right) const;
     int operator!=(const ZelDtTime& right) const;
 
-    // Half an hour is 30 minutes: a number with a fraction would lose it without a word
+    // Half an hour is 30 minutes: what a long would cut, a fraction or more than it holds, is no
+    // count
 
-    template <typename... Numbers>
-    using IfFraction = std::enable_if_t<((std::is_floating_point<Numbers>::value ||
-                                          std::is_same<Numbers, ZelDtDouble>::value ||
-                                          std::is_same<Numbers, ZelDtDecimal>::value) ||
-                                         ...)>;
-
-    template <typename Hours, typename Fraction, typename = IfFraction<Hours, Fraction>>
+    template <typename Hours, typename Fraction, typename = zeldt::IfNoLongs<Hours, Fraction>>
     ZelDtTime(Hours, Fraction, TimeMode = Eigener) = delete;
-    template <typename Number, typename = IfFraction<Number>>
+    template <typename Number, typename = zeldt::IfNoLongs<Number>>
     void SetHour(Number) = delete;
-    template <typename Number, typename = IfFraction<Number>>
+    template <typename Number, typename = zeldt::IfNoLongs<Number>>
     void SetMin(Number, TimeMode = Eigener) = delete;
-    template <typename Number, typename = IfFraction<Number>>
+    template <typename Number, typename = zeldt::IfNoLongs<Number>>
     void SetTime(Number, TimeMode = Eigener) = delete;
-    template <typename Number, typename = IfFraction<Number>>
+    template <typename Number, typename = zeldt::IfNoLongs<Number>>
     void AddHour(Number) = delete;
-    template <typename Number, typename = IfFraction<Number>>
+    template <typename Number, typename = zeldt::IfNoLongs<Number>>
     void SubHour(Number) = delete;
-    template <typename Number, typename = IfFraction<Number>>
+    template <typename Number, typename = zeldt::IfNoLongs<Number>>
     void AddMin(Number, TimeMode = Eigener) = delete;
-    template <typename Number, typename = IfFraction<Number>>
+    template <typename Number, typename = zeldt::IfNoLongs<Number>>
     void SubMin(Number, TimeMode = Eigener) = delete;
-    template <typename Number, typename = IfFraction<Number>>
+    template <typename Number, typename = zeldt::IfNoLongs<Number>>
     void SetFromSQL(Number) = delete;
 
-    // A text in front of a time would be joined with the text of it
+    // A text or number in front of a time would be joined with the text of it
 
     friend ZelDtTime operator+(const char*, const ZelDtTime&) = delete;
+    friend ZelDtTime operator+(int, const ZelDtTime&) = delete;
 
 private:
     friend class zeldt::PlainRep<zeldt::TimeRules>;

@@ -1,12 +1,14 @@
 #ifndef ZELDT_FOUNDATION_DTNOMIX_H
 #define ZELDT_FOUNDATION_DTNOMIX_H
 
-/// Keeps booleans and characters apart from other values.
+/// Keeps values apart that the compiler would bring together in a way nobody means.
 ///
-/// Both classes convert to plain numbers without a check, so the compiler would compute with a
-/// missing flag or the code of a character where another value stands beside it. What is meant is
-/// to be said: `n + b.GetValue()`, `s == ZelDtString(b)`. Characters and strings do go together;
-/// these have operators of their own.
+/// Booleans and characters convert to plain numbers without a check, so the compiler would compute
+/// with a missing flag or the code of a character where another value stands beside it. Strings can
+/// be made of dates and times and times of strings, so it would compare the texts on one side and
+/// the amounts on the other. What is meant is to be said: `n + b.GetValue()`,
+/// `s == ZelDtString(b)`, `ZelDtTime(s) < t`. Characters and strings do go together; these have
+/// operators of their own.
 
 #include "DTBASIS.h"
 
@@ -14,6 +16,9 @@
 
 class ZelDtBool;
 class ZelDtChar;
+class ZelDtDateTime;
+class ZelDtString;
+class ZelDtTime;
 
 namespace zeldt {
 
@@ -26,14 +31,26 @@ using IsFlagOrChar =
 template <typename Value, typename Result>
 using IfFlagOrChar = std::enable_if_t<IsFlagOrChar<Value>::value, Result>;
 
-/// Whether `Other` is a value class of another kind than the boolean or character.
+/// Whether `Value` is the boolean or character and `Other` a value class of another kind.
 template <typename Value, typename Other>
-using IsApart = std::conjunction<IsFlagOrChar<Value>, std::is_base_of<ZelDtBasis, Other>,
-                                 std::negation<std::is_base_of<Value, Other>>>;
+using IsApart =
+    std::conjunction<IsFlagOrChar<Value>, std::is_base_of<ZelDtBasis, Other>,
+                     std::negation<std::is_base_of<Value, Other>>,
+                     std::negation<std::conjunction<std::is_same<Value, ZelDtChar>,
+                                                    std::is_base_of<ZelDtString, Other>>>>;
+
+/// Whether one is a string and the other a date or time.
+template <typename Text, typename Calendar>
+using IsTextAndCalendar =
+    std::conjunction<std::is_base_of<ZelDtString, Text>,
+                     std::disjunction<std::is_base_of<ZelDtDateTime, Calendar>,
+                                      std::is_base_of<ZelDtTime, Calendar>>>;
 
 /// The result of what must not be computed or compared.
 template <typename A, typename B>
-using IfApart = std::enable_if_t<std::disjunction<IsApart<A, B>, IsApart<B, A>>::value, int>;
+using IfApart = std::enable_if_t<
+    std::disjunction<IsApart<A, B>, IsApart<B, A>, IsTextAndCalendar<A, B>,
+                     IsTextAndCalendar<B, A>>::value, int>;
 
 /// Exists for a value class of which no `Target` can be made.
 template <typename Value, typename Target>

@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <array>
-#include <compare>
 #include <cstddef>
 #include <cstdint>
 
@@ -59,20 +58,22 @@ struct DateTimeFields {
     std::int32_t daylight = -1;
 };
 
-/// Year down to second; the other fields do not count.
-constexpr std::strong_ordering Compare(const DateTimeFields& a, const DateTimeFields& b) noexcept
+/// Year down to second, first difference deciding: below 0, 0, above 0. The other fields do not
+/// count.
+constexpr int Compare(const DateTimeFields& a, const DateTimeFields& b) noexcept
 {
+    const auto order = [](std::int32_t left, std::int32_t right) { return left < right ? -1 : 1; };
     if (a.year != b.year)
-        return a.year <=> b.year;
+        return order(a.year, b.year);
     if (a.month != b.month)
-        return a.month <=> b.month;
+        return order(a.month, b.month);
     if (a.day != b.day)
-        return a.day <=> b.day;
+        return order(a.day, b.day);
     if (a.hour != b.hour)
-        return a.hour <=> b.hour;
+        return order(a.hour, b.hour);
     if (a.minute != b.minute)
-        return a.minute <=> b.minute;
-    return a.second <=> b.second;
+        return order(a.minute, b.minute);
+    return a.second == b.second ? 0 : order(a.second, b.second);
 }
 
 constexpr bool Differ(const DateTimeFields& a, const DateTimeFields& b) noexcept
@@ -102,7 +103,10 @@ constexpr std::int64_t FloorDivide(std::int64_t number, std::int64_t divisor) no
 
 constexpr bool IsLeapYear(std::int64_t year) noexcept
 {
-    return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
+    // Of the years that 4 divides, those that 25 divides too must be divided by 16. Written so that
+    // there is one division and no branch.
+    const std::int64_t cycle = year % 25 != 0 ? 4 : 16;
+    return (year & (cycle - 1)) == 0;
 }
 
 constexpr bool IsMonth(std::int64_t month) noexcept
@@ -110,7 +114,7 @@ constexpr bool IsMonth(std::int64_t month) noexcept
     return month >= 0 && month < kMonthsPerYear;
 }
 
-/// Days from 1 January to the beginning of the month, which is one.
+/// Days from 1 January to the beginning of the month, which is one, or to the end of the last.
 constexpr std::int64_t DaysBeforeMonth(std::int64_t month, bool leapYear) noexcept
 {
     return kMonths[static_cast<std::size_t>(month)].daysThrough +
@@ -125,6 +129,15 @@ constexpr std::int64_t MonthLength(std::int64_t month, std::int64_t year) noexce
     const auto row = static_cast<std::size_t>(month);
     return kMonths[row + 1].daysThrough - kMonths[row].daysThrough +
            (month == kFebruary && IsLeapYear(year) ? 1 : 0);
+}
+
+/// Whether the month, which may be none, has the day.
+constexpr bool HasDay(std::int64_t month, std::int64_t year, std::int64_t day) noexcept
+{
+    // Most days need no look at the month and the year.
+    constexpr std::int64_t daysOfEveryMonth = 28;
+    return IsMonth(month) && day >= 1 &&
+           (day <= daysOfEveryMonth || day <= MonthLength(month, year));
 }
 
 constexpr std::int64_t YearLength(std::int64_t year) noexcept
@@ -158,10 +171,10 @@ constexpr std::int64_t YearOfDay(std::int64_t dayNumber) noexcept
 constexpr CalendarDate DateInYear(std::int64_t year, std::int64_t dayOfYear) noexcept
 {
     const bool leap = IsLeapYear(year);
-    // No month has more than 32 days, so this is never too late.
+    // Months of 32 days would be late by one at most.
     std::int64_t month = std::clamp<std::int64_t>((dayOfYear - 1) / 32, 0, kMonthsPerYear - 1);
-    while (month < kMonthsPerYear - 1 && DaysBeforeMonth(month + 1, leap) < dayOfYear)
-        ++month;
+    const bool late = DaysBeforeMonth(month + 1, leap) < dayOfYear;
+    month += late && month < kMonthsPerYear - 1 ? 1 : 0;
     return {year, month, dayOfYear - DaysBeforeMonth(month, leap)};
 }
 

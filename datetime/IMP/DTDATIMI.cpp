@@ -4,8 +4,6 @@
 #include "platform/runtime/digits.h"
 #include "platform/runtime/localtime.h"
 
-#include <optional>
-
 namespace {
 
 using zeldt::ErrorNo;
@@ -97,37 +95,38 @@ constexpr bool IsSeparator(char c)
     return c == '.' || c == '/';
 }
 
-constexpr int kNoNumber = -1;
-
-/// The number of two digits, else kNoNumber. Looks no further than a first character that is none.
-constexpr int DigitPair(const char* text)
-{
-    return IsDigit(text[0]) && IsDigit(text[1]) ? DigitOf(text[0]) * 10 + DigitOf(text[1])
-                                                : kNoNumber;
-}
-
 struct DateNumbers {
-    int day;
-    int month;
-    int year;
+    int day = 0;
+    int month = 0;
+    int year = 0;
 };
 
-/// The numbers of "dd.mm.yyyy", alone or before a blank, as most dates are written. Nothing for any
-/// other text and for the year 0000, which takes the long way.
-constexpr std::optional<DateNumbers> ReadUsualDate(const char* text)
+/// Reads two digits. Looks no further than a first character that is none.
+constexpr bool ReadPair(const char* text, int& number)
 {
-    const int day = DigitPair(text);
-    if (day == kNoNumber || text[2] != '.')
-        return std::nullopt;
-    const int month = DigitPair(text + 3);
-    if (month == kNoNumber || text[5] != '.')
-        return std::nullopt;
-    const int century = DigitPair(text + 6);
-    const int yearOfCentury = century != kNoNumber ? DigitPair(text + 8) : kNoNumber;
-    const int year = century * 100 + yearOfCentury;
-    if (yearOfCentury == kNoNumber || year == 0 || (text[10] != '\0' && text[10] != ' '))
-        return std::nullopt;
-    return DateNumbers{day, month, year};
+    if (!IsDigit(text[0]) || !IsDigit(text[1]))
+        return false;
+    number = DigitOf(text[0]) * 10 + DigitOf(text[1]);
+    return true;
+}
+
+/// Reads "dd.mm.yyyy", alone or before a blank, as most dates are written. Not any other text, nor
+/// the year 0000, which take the long way.
+constexpr bool ReadUsualDate(const char* text, DateNumbers& date)
+{
+    int century = 0;
+    int yearOfCentury = 0;
+    if (!ReadPair(text, date.day) || text[2] != '.' || !ReadPair(text + 3, date.month) ||
+        text[5] != '.' || !ReadPair(text + 6, century) || !ReadPair(text + 8, yearOfCentury))
+        return false;
+    date.year = century * 100 + yearOfCentury;
+    return date.year != 0 && (text[10] == '\0' || text[10] == ' ');
+}
+
+/// Whether the setters, one after the other, would come to these very numbers.
+constexpr bool IsInRange(const DateNumbers& date)
+{
+    return date.year >= kFirstYear && zeldt::HasDay(date.month - 1, date.year, date.day);
 }
 
 /// Where the day ends and where the month does.
@@ -293,7 +292,7 @@ void ZelDtDateTime_Imp::SetMonth(std::int64_t month)
 
 void ZelDtDateTime_Imp::SetDay365(int day)
 {
-    if (day < 1 || day > zeldt::MonthLength(fields.month, Year()))
+    if (!zeldt::HasDay(fields.month, Year(), day))
         Raise(kSetDay365, ErrorNo::Day);
     fields.day = day;
 }
@@ -354,21 +353,18 @@ void ZelDtDateTime_Imp::SetDateTime(const char* text)
 
 void ZelDtDateTime_Imp::ReadDate(const char* text)
 {
-    const std::optional<DateNumbers> usual = ReadUsualDate(text);
-    if (!usual) {
+    DateNumbers date;
+    if (!ReadUsualDate(text, date)) {
         ReadUnusualDate(text);
-        return;
+    } else if (IsInRange(date)) {
+        fields.year = date.year - zeldt::kBaseYear;
+        fields.month = date.month - 1;
+        fields.day = date.day;
+    } else {
+        SetYear(date.year);
+        SetMonth(date.month);
+        SetDay365(date.day);
     }
-    const auto [day, month, year] = *usual;
-    if (year >= kFirstYear && day >= 1 && day <= zeldt::MonthLength(month - 1, year)) {
-        fields.year = year - zeldt::kBaseYear;
-        fields.month = month - 1;
-        fields.day = day;
-        return;
-    }
-    SetYear(year);
-    SetMonth(month);
-    SetDay365(day);
 }
 
 void ZelDtDateTime_Imp::ReadUnusualDate(std::string_view text)

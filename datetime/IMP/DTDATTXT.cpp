@@ -9,7 +9,6 @@
 namespace {
 
 using zeldt::DateTimeFields;
-using zeldt::ExternKind;
 using zeldt::ExternNumbers;
 
 constexpr std::array<char, 200> MadeDigitPairs()
