@@ -8,7 +8,7 @@ mapfile -t files < <(git ls-files '*.h' '*.cpp' '*.inc')
 echo "clang-format: ${#files[@]} files"
 clang-format-14 --dry-run --Werror "${files[@]}"
 
-mapfile -t sources < <(git ls-files 'foundation/*.cpp' 'text/*.cpp' 'numeric/*.cpp' \
+mapfile -t sources < <(git ls-files 'foundation/*.cpp' 'text/*.cpp' 'numeric/*.cpp' 'datetime/*.cpp' \
   'platform/*.cpp' 'tools/*.cpp' 'examples/*.cpp' |
   while IFS= read -r source; do
     if grep -qF "/$source\"" build/clang/compile_commands.json; then echo "$source"; fi

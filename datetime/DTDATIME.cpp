@@ -1,6 +1,7 @@
 #include "datetime/DTDATIME.h"
 
 #include "datetime/IMP/DTDATIMI.h"
+#include "foundation/DTCHECK.h"
 #include "numeric/DTSHORT.h"
 #include "text/DTSTRING.h"
 
@@ -33,14 +34,6 @@ constexpr Operation kFromSixValues =
        "const ZelDtShort&,const ZelDtShort&,const ZelDtShort&)");
 constexpr Operation kFromText = Op("ZelDtDateTime(LPCTSTR const,FormOfDateTimeString)");
 constexpr Operation kFromString = Op("ZelDtDateTime(ZelDtString&,FormOfDateTimeString");
-
-/// The number, if 16 bits hold it, else error 8 under the name of the constructor.
-int Checked(const Operation& operation, int number)
-{
-    if (static_cast<short>(number) != number)
-        zeldt::Raise(operation, zeldt::ErrorNo::OutOfRange);
-    return number;
-}
 
 } // namespace
 
@@ -84,7 +77,9 @@ ZelDtDateTime::ZelDtDateTime(short day, short month, short year, short hour, sho
 
 ZelDtDateTime::ZelDtDateTime(int day, int month, int year, int hour, int minute, int second)
     : ZelDtBasis(1, ZelDtWmDefault), m_pImp(Guarded(kFromSixShorts, [=] {
-          const auto checked = [](int number) { return Checked(kFromSixShorts, number); };
+          const auto checked = [](int number) {
+              return zeldt::Narrowed<short>(kFromSixShorts, number);
+          };
           return new ZelDtDateTime_Imp(checked(day), checked(month), checked(year), checked(hour),
                                        checked(minute), checked(second));
       }))
@@ -94,8 +89,8 @@ ZelDtDateTime::ZelDtDateTime(short hour, short minute) : ZelDtDateTime(int{hour}
 
 ZelDtDateTime::ZelDtDateTime(int hour, int minute)
     : ZelDtBasis(1, ZelDtWmDefault), m_pImp(Guarded(kFromTwoShorts, [=] {
-          return new ZelDtDateTime_Imp(Checked(kFromTwoShorts, hour),
-                                       Checked(kFromTwoShorts, minute));
+          return new ZelDtDateTime_Imp(zeldt::Narrowed<short>(kFromTwoShorts, hour),
+                                       zeldt::Narrowed<short>(kFromTwoShorts, minute));
       }))
 {}
 

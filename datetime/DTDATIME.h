@@ -2,7 +2,9 @@
 #define ZELDT_DATETIME_DTDATIME_H
 
 #include "../foundation/DTBASIS.h"
+#include "../foundation/DTNOMIX.h"
 #include "../platform/runtime/odbctypes.h"
+#include "DTCOUNT.h"
 
 #include <ctime>
 #include <type_traits>
@@ -19,22 +21,11 @@ struct ZelDtDateTimeAccess;
 
 namespace zeldt {
 
-/// Exists for plain numbers of types short and int.
-template <typename... Numbers>
-using IfShortsOrInts = std::enable_if_t<
-    ((std::is_same<Numbers, short>::value || std::is_same<Numbers, int>::value) && ...), int>;
-
-/// Exists for numbers if one of them has a fraction.
-template <typename... Numbers>
-using IfFractions = std::enable_if_t<(std::is_floating_point<Numbers>::value || ...)>;
-
-/// Exists for numbers that a long of 32 bits would cut.
-template <typename Number>
-using IfNoLong = std::enable_if_t<
-    std::is_floating_point<Number>::value || std::is_same<Number, ZelDtDouble>::value ||
-    std::is_same<Number, ZelDtDecimal>::value ||
-    (std::is_integral<Number>::value && !std::is_same<Number, long>::value &&
-     (sizeof(Number) > 4 || (sizeof(Number) == 4 && std::is_unsigned<Number>::value)))>;
+/// Exists for a long that is not the type of moments.
+template <typename Moment>
+using IfLongMoment =
+    std::enable_if_t<std::is_same<Moment, long>::value && !std::is_same<long, std::time_t>::value,
+                     int>;
 
 /// Exists for the framework's date alone, not for what one can be made of.
 template <typename Date>
@@ -103,6 +94,10 @@ public:
     /// Defined, the local calendar time of the moment. One that the system cannot express is error
     /// 5 behind error 1.
     ZelDtDateTime(std::time_t moment);
+    /// The same for a long where that is another type.
+    template <typename Moment, zeldt::IfLongMoment<Moment> = 0>
+    ZelDtDateTime(Moment moment) : ZelDtDateTime(static_cast<std::time_t>(moment))
+    {}
     /// Defined, midnight. A missing argument: error 1; a Null one counts as the number it stores.
     ZelDtDateTime(const ZelDtShort& day, const ZelDtShort& month, const ZelDtShort& year);
     /// Defined. The date is checked from the year down.
@@ -240,13 +235,13 @@ public:
 
     // A count that a long would cut is none
 
-    template <typename Number, typename = zeldt::IfNoLong<Number>>
+    template <typename Number, typename = zeldt::IfNoLongs<Number>>
     void AddHour(Number) = delete;
-    template <typename Number, typename = zeldt::IfNoLong<Number>>
+    template <typename Number, typename = zeldt::IfNoLongs<Number>>
     void SubHour(Number) = delete;
-    template <typename Number, typename = zeldt::IfNoLong<Number>>
+    template <typename Number, typename = zeldt::IfNoLongs<Number>>
     void AddMin(Number) = delete;
-    template <typename Number, typename = zeldt::IfNoLong<Number>>
+    template <typename Number, typename = zeldt::IfNoLongs<Number>>
     void SubMin(Number) = delete;
 
     // SQL
@@ -291,8 +286,9 @@ public:
 
     // Spans
 
-    /// Later or earlier by the hours and minutes of the time; defined, in the default mode.
-    /// Undefined where an operand is missing or both are undefined.
+    /// Later or earlier by the hours and minutes of the time: a defined value in the mode of this
+    /// one, with its modified flag, set if it moves. Undefined, in the default mode, where an
+    /// operand is missing or both are undefined.
     ZelDtDateTime operator+(const ZelDtTime& span) const;
     ZelDtDateTime operator-(const ZelDtTime& span) const;
     /// The true span in hours and minutes, rounded down to the minute; a time cannot hold more than
@@ -371,21 +367,8 @@ public:
         return ZelDtDateTime(l) != r;
     }
 
-    // Texts of dates have no order, a text and a date no equality, and no number is a character to
-    // put in front of the text
+    // No number is a character to put in front of the text
 
-    friend int operator<(const ZelDtString&, const ZelDtDateTime&) = delete;
-    friend int operator>(const ZelDtString&, const ZelDtDateTime&) = delete;
-    friend int operator<=(const ZelDtString&, const ZelDtDateTime&) = delete;
-    friend int operator>=(const ZelDtString&, const ZelDtDateTime&) = delete;
-    friend int operator==(const ZelDtString&, const ZelDtDateTime&) = delete;
-    friend int operator!=(const ZelDtString&, const ZelDtDateTime&) = delete;
-    friend int operator<(const ZelDtDateTime&, const ZelDtString&) = delete;
-    friend int operator>(const ZelDtDateTime&, const ZelDtString&) = delete;
-    friend int operator<=(const ZelDtDateTime&, const ZelDtString&) = delete;
-    friend int operator>=(const ZelDtDateTime&, const ZelDtString&) = delete;
-    friend int operator==(const ZelDtDateTime&, const ZelDtString&) = delete;
-    friend int operator!=(const ZelDtDateTime&, const ZelDtString&) = delete;
     friend ZelDtDateTime operator+(int, const ZelDtDateTime&) = delete;
 
 private:

@@ -8,6 +8,7 @@ namespace {
 using zeldt::Count;
 using zeldt::ErrorNo;
 using zeldt::Guarded;
+using zeldt::Narrowed;
 using zeldt::Operation;
 using zeldt::Raise;
 using zeldt::RequireReadable;
@@ -53,20 +54,11 @@ constexpr unsigned kHoursPerDay = 24;
 constexpr unsigned kMinutesPerHour = 60;
 constexpr std::int64_t kMinutesPerDay = std::int64_t{kHoursPerDay} * kMinutesPerHour;
 
-/// The number, if 16 bits hold it, else error 8 under the name of the operation.
-short Narrowed(const Operation& operation, std::int64_t number)
-{
-    const auto narrow = static_cast<short>(number);
-    if (narrow != number)
-        Raise(operation, ErrorNo::OutOfRange);
-    return narrow;
-}
-
 /// One field of a value that is not missing.
 short Read(const Operation& operation, const ZelDtDateTime& value, std::int64_t number)
 {
     RequireReadable(operation, value);
-    return Narrowed(operation, number);
+    return Narrowed<short>(operation, number);
 }
 
 /// Sets one field through its setter; a number that equals `stored` only makes the value defined.
@@ -455,60 +447,60 @@ void ZelDtDateTime::SubMin(long minutes)
 
 void ZelDtDateTime::SetDay365(int day)
 {
-    SetDay365(Narrowed(kSetDay365, day));
+    SetDay365(Narrowed<short>(kSetDay365, day));
 }
 
 void ZelDtDateTime::SetMonth(int month)
 {
-    SetMonth(Narrowed(kSetMonth, month));
+    SetMonth(Narrowed<short>(kSetMonth, month));
 }
 
 void ZelDtDateTime::SetYear(int year)
 {
-    SetYear(Narrowed(kSetYear, year));
+    SetYear(Narrowed<short>(kSetYear, year));
 }
 
 void ZelDtDateTime::SetHour(int hour)
 {
-    SetHour(Narrowed(kSetHour, hour));
+    SetHour(Narrowed<short>(kSetHour, hour));
 }
 
 void ZelDtDateTime::SetMin(int minute)
 {
-    SetMin(Narrowed(kSetMin, minute));
+    SetMin(Narrowed<short>(kSetMin, minute));
 }
 
 void ZelDtDateTime::SetSecond(int second)
 {
-    SetSecond(Narrowed(kSetSecond, second));
+    SetSecond(Narrowed<short>(kSetSecond, second));
 }
 
 void ZelDtDateTime::AddDay365(int days)
 {
-    AddDay365(Narrowed(kAddDay365, days));
+    AddDay365(Narrowed<short>(kAddDay365, days));
 }
 
 void ZelDtDateTime::SubDay365(int days)
 {
-    SubDay365(Narrowed(kSubDay365, days));
+    SubDay365(Narrowed<short>(kSubDay365, days));
 }
 
 void ZelDtDateTime::AddMonth(int months)
 {
-    AddMonth(Narrowed(kAddMonth, months));
+    AddMonth(Narrowed<short>(kAddMonth, months));
 }
 
 void ZelDtDateTime::SubMonth(int months)
 {
-    SubMonth(Narrowed(kSubMonth, months));
+    SubMonth(Narrowed<short>(kSubMonth, months));
 }
 
 void ZelDtDateTime::AddYear(int years)
 {
-    AddYear(Narrowed(kAddYear, years));
+    AddYear(Narrowed<short>(kAddYear, years));
 }
 
 void ZelDtDateTime::SubYear(int years)
 {
-    SubYear(Narrowed(kSubYear, years));
+    SubYear(Narrowed<short>(kSubYear, years));
 }

@@ -4,8 +4,6 @@
 #include "datetime/IMP/DTDATIMI.h"
 #include "foundation/DTCHECK.h"
 
-#include <limits>
-
 namespace {
 
 using zeldt::DateTimeFields;
@@ -48,7 +46,6 @@ ZelDtDateTime Moved(const Operation& operation, const ZelDtDateTime& start, cons
             return ZelDtDateTime(ZelDtWmDefault);
         ZelDtDateTime moved(start);
         Access::Shift(moved, std::int64_t{span.GetTime(ZelDtTime::Minuten)} * direction);
-        moved.SetWorkingMode(ZelDtWmDefault);
         return moved;
     });
 }
@@ -62,16 +59,6 @@ std::int64_t MinutesBetween(const DateTimeFields& from, const DateTimeFields& to
     const std::int64_t borrowed = zeldt::FloorDivide(difference(to.second, from.second), 60);
     return (days * 24 + difference(to.hour, from.hour)) * 60 + difference(to.minute, from.minute) +
            borrowed;
-}
-
-/// The hours as a time takes them; error 8 when they are too many for any.
-long HoursOf(std::int64_t minutes)
-{
-    const std::int64_t hours = zeldt::FloorDivide(minutes, 60);
-    if (hours < std::numeric_limits<std::int32_t>::min() ||
-        hours > std::numeric_limits<std::int32_t>::max())
-        zeldt::Raise(kMinus, ErrorNo::OutOfRange);
-    return static_cast<long>(hours);
 }
 
 } // namespace
@@ -141,7 +128,9 @@ ZelDtTime ZelDtDateTime::operator-(const ZelDtDateTime& other) const
         ZelDtTime result(ZelDtWmDefault);
         if (CheckDefinedForArithmetic(*this, other)) {
             const std::int64_t minutes = MinutesBetween(other.m_pImp->fields, m_pImp->fields);
-            const long hours = HoursOf(minutes);
+            // More than any time holds.
+            const long hours =
+                zeldt::Narrowed<std::int32_t>(kMinus, zeldt::FloorDivide(minutes, 60));
             result.SetHour(hours);
             result.SetMin(static_cast<long>(minutes - std::int64_t{hours} * 60),
                           ZelDtTime::Minuten);

@@ -2,11 +2,11 @@
 
 #include "datetime/IMP/DTDATIMI.h"
 #include "datetime/IMP/DTDATTXT.h"
+#include "foundation/DTCHECK.h"
 #include "foundation/DTFORMAT.h"
 #include "platform/runtime/digits.h"
 #include "text/IMP/DTVIEW.h"
 
-#include <limits>
 #include <optional>
 
 namespace {
@@ -156,11 +156,9 @@ void SetFromExternText(ZelDtDateTime_Imp& imp, std::string_view text, ExternKind
 
 /// A field of a time stamp that holds the number, else error 8.
 template <typename Field>
-Field StampField(std::int64_t number)
+void SetStampField(Field& field, std::int64_t number)
 {
-    if (number < std::numeric_limits<Field>::min() || number > std::numeric_limits<Field>::max())
-        Raise(kConvToRecordSet, ErrorNo::OutOfRange);
-    return static_cast<Field>(number);
+    field = zeldt::Narrowed<Field>(kConvToRecordSet, number);
 }
 
 /// The end of a text, where NUL is put; error 8 when there is none, because a field has no room.
@@ -315,12 +313,12 @@ void ZelDtDateTime::ConvToRecordSet(CRecordset& rs, TIMESTAMP_STRUCT& field) con
     Guarded(kConvToRecordSet, [&] {
         if (IsDefined()) {
             TIMESTAMP_STRUCT stamp = field;
-            stamp.year = StampField<decltype(stamp.year)>(m_pImp->Year());
-            stamp.month = StampField<decltype(stamp.month)>(m_pImp->Month());
-            stamp.day = StampField<decltype(stamp.day)>(m_pImp->fields.day);
-            stamp.hour = StampField<decltype(stamp.hour)>(m_pImp->fields.hour);
-            stamp.minute = StampField<decltype(stamp.minute)>(m_pImp->fields.minute);
-            stamp.second = StampField<decltype(stamp.second)>(m_pImp->fields.second);
+            SetStampField(stamp.year, m_pImp->Year());
+            SetStampField(stamp.month, m_pImp->Month());
+            SetStampField(stamp.day, m_pImp->fields.day);
+            SetStampField(stamp.hour, m_pImp->fields.hour);
+            SetStampField(stamp.minute, m_pImp->fields.minute);
+            SetStampField(stamp.second, m_pImp->fields.second);
             field = stamp;
         }
         rs.SetFieldNull(&field, !IsDefined());

@@ -157,6 +157,7 @@ void ZelDtDateZp::Serialize(CArchive& ar)
         ar >> read.year >> read.month >> read.day;
         rollback.Commit();
         Access::Replace(*this, read);
+        WipeTime();
     });
 }
 

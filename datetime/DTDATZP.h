@@ -5,7 +5,8 @@
 
 /// A calendar date: a ZelDtDateTime whose time of day is midnight.
 ///
-/// Construction, assignment, display input and the sum with a time bring the time back to midnight.
+/// Construction, assignment, display input, loading and the sum with a time bring the time back to
+/// midnight.
 /// All else is inherited unchanged, so a setter, a sum of hours or a database text can give a date
 /// a time of day, until the next operation that wipes it; comparing looks at it.
 ///
@@ -24,6 +25,9 @@ public:
     ZelDtDateZp(const ZelDtDateTime& source);
     ZelDtDateZp(const ZelDtDateZp& source);
     ZelDtDateZp(std::time_t moment);
+    template <typename Moment, zeldt::IfLongMoment<Moment> = 0>
+    ZelDtDateZp(Moment moment) : ZelDtDateZp(static_cast<std::time_t>(moment))
+    {}
     ZelDtDateZp(const ZelDtShort& day, const ZelDtShort& month, const ZelDtShort& year);
     ZelDtDateZp(short day, short month, short year);
     ZelDtDateZp(int day, int month, int year);
@@ -70,12 +74,14 @@ public:
     // Spans
 
     /// The date of the moment that is the time later or earlier, from midnight unless the date has
-    /// a time of day: 23:59 later is the same date, 24:00 the next one. Mode and flags as this
-    /// one's, defined; undefined in the default mode where an operand is missing or both are
-    /// undefined.
+    /// a time of day: 23:59 later is the same date, 24:00 the next one. Definedness, mode and flags
+    /// as ZelDtDateTime's.
     ZelDtDateZp operator+(const ZelDtTime& span) const;
     ZelDtDateZp operator-(const ZelDtTime& span) const;
     using ZelDtDateTime::operator-;
+    /// The text of a date is no time.
+    ZelDtDateZp operator+(const char*) const = delete;
+    ZelDtDateZp operator-(const char*) const = delete;
 };
 
 #endif

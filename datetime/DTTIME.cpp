@@ -395,7 +395,7 @@ ZelDtString ZelDtTime::ConvToSQL() const
 
 void ZelDtTime::SetFromSQL(long units)
 {
-    Rep::Store(*this, NumberOrRaise(kSetFromSQL, Narrowed<std::int32_t>(units)));
+    Rep::Store(*this, Narrowed<std::int32_t>(kSetFromSQL, units));
 }
 
 // Display
@@ -447,7 +447,7 @@ void ZelDtTime::SetFromExtern(const ZelDtString* text, int defined, unsigned sho
     const std::optional<std::int64_t> units = zeldt::ReadExternTime(zeldt::ViewOf(*text));
     if (!units)
         Raise(kSetFromExtern, ErrorNo::ExternForm);
-    Rep::Change(*this, NumberOrRaise(kSetFromExtern, Narrowed<std::int32_t>(*units)));
+    Rep::Change(*this, Narrowed<std::int32_t>(kSetFromExtern, *units));
 }
 
 // Record set and archive
@@ -458,7 +458,7 @@ void ZelDtTime::SetFromRecordSet(CRecordset& rs, const long& field)
         if (rs.IsFieldNull(&field))
             Clear();
         else
-            Rep::Store(*this, NumberOrRaise(kSetFromRecordSet, Narrowed<std::int32_t>(field)));
+            Rep::Store(*this, Narrowed<std::int32_t>(kSetFromRecordSet, field));
     });
 }
 

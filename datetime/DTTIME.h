@@ -5,8 +5,6 @@
 #include "../foundation/DTNOMIX.h"
 #include "DTCOUNT.h"
 
-#include <type_traits>
-
 namespace zeldt {
 template <typename Rules>
 class PlainRep;
@@ -14,8 +12,7 @@ struct TimeRules;
 } // namespace zeldt
 
 class CRecordset;
-class ZelDtDecimal;
-class ZelDtDouble;
+class ZelDtDateTime;
 class ZelDtLong;
 class ZelDtString;
 class ZelDtTime_Imp;

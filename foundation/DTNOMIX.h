@@ -46,11 +46,16 @@ using IsTextAndCalendar =
                      std::disjunction<std::is_base_of<ZelDtDateTime, Calendar>,
                                       std::is_base_of<ZelDtTime, Calendar>>>;
 
-/// The result of what must not be computed or compared.
+/// The result of what must not be computed.
 template <typename A, typename B>
-using IfApart = std::enable_if_t<
-    std::disjunction<IsApart<A, B>, IsApart<B, A>, IsTextAndCalendar<A, B>,
-                     IsTextAndCalendar<B, A>>::value, int>;
+using IfApart = std::enable_if_t<std::disjunction<IsApart<A, B>, IsApart<B, A>>::value, int>;
+
+/// The result of what must not be compared.
+template <typename A, typename B>
+using IfUnlike =
+    std::enable_if_t<std::disjunction<IsApart<A, B>, IsApart<B, A>, IsTextAndCalendar<A, B>,
+                                      IsTextAndCalendar<B, A>>::value,
+                     int>;
 
 /// Exists for a value class of which no `Target` can be made.
 template <typename Value, typename Target>
@@ -61,17 +66,17 @@ using IfNoSource = std::enable_if_t<
 } // namespace zeldt
 
 template <typename A, typename B>
-zeldt::IfApart<A, B> operator==(const A&, const B&) = delete;
+zeldt::IfUnlike<A, B> operator==(const A&, const B&) = delete;
 template <typename A, typename B>
-zeldt::IfApart<A, B> operator!=(const A&, const B&) = delete;
+zeldt::IfUnlike<A, B> operator!=(const A&, const B&) = delete;
 template <typename A, typename B>
-zeldt::IfApart<A, B> operator<(const A&, const B&) = delete;
+zeldt::IfUnlike<A, B> operator<(const A&, const B&) = delete;
 template <typename A, typename B>
-zeldt::IfApart<A, B> operator>(const A&, const B&) = delete;
+zeldt::IfUnlike<A, B> operator>(const A&, const B&) = delete;
 template <typename A, typename B>
-zeldt::IfApart<A, B> operator<=(const A&, const B&) = delete;
+zeldt::IfUnlike<A, B> operator<=(const A&, const B&) = delete;
 template <typename A, typename B>
-zeldt::IfApart<A, B> operator>=(const A&, const B&) = delete;
+zeldt::IfUnlike<A, B> operator>=(const A&, const B&) = delete;
 template <typename A, typename B>
 zeldt::IfApart<A, B> operator+(const A&, const B&) = delete;
 template <typename A, typename B>

@@ -214,8 +214,11 @@ void ZelDtChar::ConvToRecordSet(CRecordset& rs, CString& field) const
 {
     Guarded(kConvToRecordSet, [&] {
         const char text[] = {m_pImp->value, '\0'};
-        if (IsDefined())
+        // A field that a record set has bound must stay where it is; it has room.
+        if (IsDefined() && field.GetAllocLength() > 1)
             AssignRecordsetMemberCString(field, text);
+        else if (IsDefined())
+            field = text;
         rs.SetFieldNull(&field, !IsDefined());
     });
 }

@@ -63,7 +63,7 @@ public:
     /// The number if it fits, else error 8 under the name of the operation.
     static Number Checked(const Operation& operation, std::int64_t number)
     {
-        return NumberOrRaise(operation, Narrowed<Number>(number));
+        return Narrowed<Number>(operation, number);
     }
 
     /// What a copy of the value holds.

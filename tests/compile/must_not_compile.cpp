@@ -454,6 +454,38 @@ void Use(ZelDtLong& l, ZelDtString& s, ZelDtShort& n, const ZelDtDecimal& d, con
         return;
 #elif CASE == 350
     int number = z;
+#elif CASE == 351
+    (void)(5 + span);
+#elif CASE == 352
+    (void)(2.5 + span);
+#elif CASE == 353
+    (void)('x' + span);
+#elif CASE == 354
+    (void)(l + span);
+#elif CASE == 355
+    (void)(s == span);
+#elif CASE == 356
+    (void)(span == s);
+#elif CASE == 357
+    (void)(s < span);
+#elif CASE == 358
+    (void)(span > s);
+#elif CASE == 359
+    const ZelDtTime wrong(m);
+#elif CASE == 360
+    const ZelDtTime wrong(z);
+#elif CASE == 361
+    (void)(z - "31.01.2000");
+#elif CASE == 362
+    (void)(z + "1:00");
+#elif CASE == 363
+    span.SetHour(5000000000LL);
+#elif CASE == 364
+    span.SetTime(5U);
+#elif CASE == 365
+    span.SetFromSQL(1ULL);
+#elif CASE == 366
+    const ZelDtTime wrong(0x100000000LL, 0);
 #endif
     (void)l;
     (void)s;

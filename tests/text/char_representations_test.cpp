@@ -542,6 +542,17 @@ TEST(RecordSet, ReceivesDefinedCharactersInItsOwnBuffer)
     }
 }
 
+TEST(RecordSet, ReceivesDefinedCharactersWithoutRoomForThem)
+{
+    for (const char* const before : {"", "y"}) {
+        Records records;
+        records.second = before;
+        ZelDtChar('x').ConvToRecordSet(records, records.second);
+        EXPECT_EQ(BytesOf(records.second), "x") << '"' << before << '"';
+        EXPECT_FALSE(records.IsFieldNull(&records.second));
+    }
+}
+
 TEST(RecordSet, IsMarkedNullForUndefinedValuesAndKeepsTheField)
 {
     for (const Letter& letter : Letters({'\0', 'x'})) {
