@@ -7,7 +7,6 @@
 namespace {
 
 using zeldt::DateTimeFields;
-using zeldt::ErrorNo;
 using zeldt::Guarded;
 using zeldt::Operation;
 

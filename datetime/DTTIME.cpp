@@ -238,8 +238,10 @@ ZelDtTime::~ZelDtTime()
 
 ZelDtTime& ZelDtTime::operator=(const ZelDtTime& source)
 {
-    Rep::Copy(*this, source);
-    m_pImp->mode = source.m_pImp->mode;
+    if (this != &source) {
+        Rep::Copy(*this, source);
+        m_pImp->mode = source.m_pImp->mode;
+    }
     return *this;
 }
 
@@ -370,18 +372,18 @@ void ZelDtTime::SubMin(long fraction, TimeMode mode)
     Shift<Arithmetic::Subtract>(kSubMin, *this, fraction, mode);
 }
 
-void ZelDtTime::Round(RoundMode mode)
+void ZelDtTime::Round(RoundMode step)
 {
-    const std::int32_t step = StepOf(mode);
+    const std::int32_t length = StepOf(step);
     if (!IsDefined())
         return;
     Guarded(kRound, [&] {
         const std::int32_t units = m_pImp->value;
-        const std::int32_t rest = units % step;
+        const std::int32_t rest = units % length;
         if (rest > 0)
-            Rep::Change(*this, Sum<Arithmetic::Add>(kRound, units - rest, step));
+            Rep::Change(*this, Sum<Arithmetic::Add>(kRound, units - rest, length));
         else if (rest < 0)
-            Rep::Change(*this, Sum<Arithmetic::Subtract>(kRound, units - rest, step));
+            Rep::Change(*this, Sum<Arithmetic::Subtract>(kRound, units - rest, length));
     });
 }
 

@@ -36,7 +36,8 @@ constexpr std::size_t kFractionDigits = 2;
 constexpr std::size_t kLeastLength = 4;
 
 // What external texts count in
-constexpr int kHoursPerDay = 24;
+constexpr std::int32_t kHoursPerDay = 24;
+constexpr std::int32_t kMinutesPerDay = kHoursPerDay * kMinutesPerHour;
 constexpr int kDaysPerMonth = 30;
 constexpr int kMonthsPerYear = 12;
 
@@ -166,7 +167,7 @@ zeldt::ExternTime::ExternTime(std::int32_t units) noexcept
     const std::int64_t days = hours / kHoursPerDay;
     const std::int64_t months = days / kDaysPerMonth;
     const bool hasDate = days != 0;
-    const bool hasTime = minutes % (kMinutesPerHour * kHoursPerDay) != 0;
+    const bool hasTime = minutes % kMinutesPerDay != 0;
 
     char* end = m_text;
     *end++ = !hasDate ? 'T' : hasTime ? 'C' : 'D';

@@ -42,7 +42,7 @@ public:
 
     /// Takes the amount from a text: whole hours, or hours, separator and two digits. Returns the
     /// mode that was used, which is not stored. Errors 8 and 21.
-    TimeMode ConvStringToTime(std::string_view text, TimeMode mode);
+    TimeMode ConvStringToTime(std::string_view text, TimeMode wanted);
 
     TimeMode ModeOr(TimeMode wanted) const { return wanted == ZelDtTime::Eigener ? mode : wanted; }
 
