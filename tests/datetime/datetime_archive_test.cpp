@@ -1,10 +1,7 @@
-/// Archives of ZelDtDateTime and ZelDtDateZp: their bytes, cut bytes, and objects.
+/// Archives of ZelDtDateTime and ZelDtDateZp: their bytes, and cut bytes.
 
 #include "platform/formats/ZelFormat.h"
 #include "tests/datetime/datetime_testing.h"
-
-#include <memory>
-#include <string>
 
 namespace {
 
@@ -198,100 +195,6 @@ TYPED_TEST(DateArchive, RoundTripsEveryState)
         Facts<TypeParam>::Read(expected, moment.fields);
         EXPECT_EQ(Look(back).fields, expected.fields);
     }
-}
-
-// Objects
-
-/// Class record and object of 5 March 2000, 14:07:09, or the date.
-template <typename Value>
-Bytes ObjectBytes()
-{
-    const std::string name = Facts<Value>::kName;
-    return Bytes{0xFF, 0xFF, 1, 0, static_cast<int>(name.size()), 0} + Bytes(name) +
-           Facts<Value>::Form(1, kSome);
-}
-
-TYPED_TEST(DateArchive, OfAnObjectStatesClassAndSchema)
-{
-    const Given<TypeParam> given(Moment{{ZelDtWmMissing, 1, 0}, kSome});
-    EXPECT_EQ(Stored([&](CArchive& ar) { ar << &given.it; }), ObjectBytes<TypeParam>());
-}
-
-TYPED_TEST(DateArchive, OfAnObjectIsReadByItsClass)
-{
-    for (const ZelDtWorkingMode mode : kRealModes) {
-        const DefaultMode guard(mode);
-        TypeParam* value = nullptr;
-        EXPECT_EQ(Loaded(ObjectBytes<TypeParam>(), [&](CArchive& ar) { ar >> value; }), 0u);
-        const std::unique_ptr<TypeParam> owner(value);
-        ASSERT_NE(value, nullptr);
-        EXPECT_EQ(value->GetRuntimeClass(), RUNTIME_CLASS(TypeParam));
-        // It was created undefined or as 1 January 1900, then changed.
-        Moment expected{{mode, 1, 1}, kNew};
-        Facts<TypeParam>::Read(expected, kSome);
-        EXPECT_EQ(Look(*value), expected);
-    }
-}
-
-TYPED_TEST(DateArchive, OfAnObjectIsReadByItsName)
-{
-    CObject* object = nullptr;
-    Loaded(ObjectBytes<TypeParam>(), [&](CArchive& ar) { ar >> object; });
-    const std::unique_ptr<CObject> owner(object);
-    ASSERT_NE(object, nullptr);
-    EXPECT_EQ(object->GetRuntimeClass(), RUNTIME_CLASS(TypeParam));
-    EXPECT_EQ(static_cast<TypeParam*>(object)->GetYear(), 2000);
-}
-
-TYPED_TEST(DateArchive, OfNoObjectGivesNone)
-{
-    auto* value = reinterpret_cast<TypeParam*>(sizeof(TypeParam));
-    Loaded(Stored([](CArchive& ar) { ar << static_cast<CObject*>(nullptr); }),
-           [&](CArchive& ar) { ar >> value; });
-    EXPECT_EQ(value, nullptr);
-}
-
-TYPED_TEST(DateArchive, OfAnotherClassOrSchemaIsRefused)
-{
-    const ZelDtShort number(Short(42));
-    EXPECT_EQ(ArchiveCause<TypeParam>(Stored([&](CArchive& ar) { ar << &number; })),
-              CArchiveException::badClass);
-    Bytes otherSchema = ObjectBytes<TypeParam>();
-    otherSchema.data[2] = 2;
-    EXPECT_EQ(ArchiveCause<TypeParam>(otherSchema), CArchiveException::badSchema);
-    Bytes unknown = ObjectBytes<TypeParam>();
-    unknown.data[6] = 'X';
-    EXPECT_EQ(ArchiveCause<TypeParam>(unknown), CArchiveException::badClass);
-}
-
-TYPED_TEST(DateArchive, OfAnObjectCutAnywhereIsAnError)
-{
-    const Bytes whole = ObjectBytes<TypeParam>();
-    const std::size_t header = whole.size() - Facts<TypeParam>::kSize;
-    for (std::size_t count = 0; count < whole.size(); ++count) {
-        if (count < header) {
-            EXPECT_EQ(ArchiveCause<TypeParam>(whole.Cut(count)), CArchiveException::endOfFile)
-                << count;
-            continue;
-        }
-        TypeParam* value = nullptr;
-        EXPECT_TRUE(
-            FailsBecauseOf([&] { Loaded(whole.Cut(count), [&](CArchive& ar) { ar >> value; }); },
-                           SerializeError<TypeParam>(), "CArchiveException"))
-            << count;
-        EXPECT_EQ(value, nullptr);
-    }
-}
-
-TEST(ArchivedObject, OfADateIsADateTimeButNotTheOtherWayRound)
-{
-    // Of what a pointer asks for, a derived class will do.
-    ZelDtDateTime* value = nullptr;
-    Loaded(ObjectBytes<ZelDtDateZp>(), [&](CArchive& ar) { ar >> value; });
-    const std::unique_ptr<ZelDtDateTime> owner(value);
-    ASSERT_NE(value, nullptr);
-    EXPECT_EQ(value->GetDtTyp(), ZelDtTypDateZp);
-    EXPECT_EQ(ArchiveCause<ZelDtDateZp>(ObjectBytes<ZelDtDateTime>()), CArchiveException::badClass);
 }
 
 } // namespace

@@ -1,11 +1,9 @@
-/// Archives of ZelDtTime: as a part of something, and as an object of its own.
+/// Archives of ZelDtTime.
 
 #include "tests/datetime/time_testing.h"
 
-#include "numeric/DTLONG.h"
 #include "platform/formats/ZelFormat.h"
 
-#include <memory>
 #include <random>
 
 namespace {
@@ -179,83 +177,6 @@ TEST(CutArchive, ThatTakesNoMoreBytesIsAnError)
     EXPECT_TRUE(FailsBecauseOf([&] { value.Serialize(ar); }, kSerializeError, "CMemoryException"));
     EXPECT_EQ(Look(value), DefinedAmount(1800));
     ar.Abort();
-}
-
-/// Class record and object of a defined 1:30.
-Bytes ObjectBytes()
-{
-    return Bytes{0xFF, 0xFF, 1, 0, 9, 0} + Text("ZelDtTime") + TimeArchiveForm(1, 1800);
-}
-
-TEST(ArchivedObject, StatesClassAndSchema)
-{
-    const ZelDtTime value(1, 30);
-    EXPECT_EQ(Stored([&](CArchive& ar) { ar << &value; }), ObjectBytes());
-}
-
-TEST(ArchivedObject, IsReadByItsClass)
-{
-    for (const ZelDtWorkingMode mode : kRealModes) {
-        const DefaultMode guard(mode);
-        ZelDtTime* value = nullptr;
-        EXPECT_EQ(Loaded(ObjectBytes(), [&](CArchive& ar) { ar >> value; }), 0u);
-        const std::unique_ptr<ZelDtTime> owner(value);
-        ASSERT_NE(value, nullptr);
-        EXPECT_EQ(value->GetRuntimeClass(), RUNTIME_CLASS(ZelDtTime));
-        // created undefined or 0, then changed
-        EXPECT_EQ(Look(*value), (Amount{{mode, 1, 1}, 1800, kMinutes}));
-    }
-}
-
-TEST(ArchivedObject, IsReadByItsName)
-{
-    CObject* object = nullptr;
-    Loaded(ObjectBytes(), [&](CArchive& ar) { ar >> object; });
-    const std::unique_ptr<CObject> owner(object);
-    ASSERT_NE(object, nullptr);
-    ASSERT_TRUE(object->IsKindOf(RUNTIME_CLASS(ZelDtTime)));
-    EXPECT_EQ(static_cast<ZelDtTime*>(object)->GetTime(), 90);
-}
-
-TEST(ArchivedObject, MayBeNone)
-{
-    auto* value = reinterpret_cast<ZelDtTime*>(sizeof(ZelDtTime));
-    Loaded(Stored([](CArchive& ar) { ar << static_cast<CObject*>(nullptr); }),
-           [&](CArchive& ar) { ar >> value; });
-    EXPECT_EQ(value, nullptr);
-}
-
-TEST(ArchivedObject, OfAnotherClassOrSchemaIsRefused)
-{
-    const ZelDtLong number(42);
-    EXPECT_EQ(ArchiveCause<ZelDtTime>(Stored([&](CArchive& ar) { ar << &number; })),
-              CArchiveException::badClass);
-    Bytes otherSchema = ObjectBytes();
-    otherSchema.data[2] = 2;
-    EXPECT_EQ(ArchiveCause<ZelDtTime>(otherSchema), CArchiveException::badSchema);
-    Bytes unknown = ObjectBytes();
-    unknown.data[6] = 'X';
-    EXPECT_EQ(ArchiveCause<ZelDtTime>(unknown), CArchiveException::badClass);
-}
-
-TEST(ArchivedObject, CutAnywhereIsAnError)
-{
-    const std::size_t header = 15;
-    const Bytes whole = ObjectBytes();
-    ASSERT_EQ(whole.size(), header + 8);
-    for (std::size_t count = 0; count < whole.size(); ++count) {
-        if (count < header) {
-            EXPECT_EQ(ArchiveCause<ZelDtTime>(whole.Cut(count)), CArchiveException::endOfFile)
-                << count;
-            continue;
-        }
-        ZelDtTime* value = nullptr;
-        EXPECT_TRUE(
-            FailsBecauseOf([&] { Loaded(whole.Cut(count), [&](CArchive& ar) { ar >> value; }); },
-                           kSerializeError, "CArchiveException"))
-            << count;
-        EXPECT_EQ(value, nullptr);
-    }
 }
 
 } // namespace

@@ -1,10 +1,9 @@
-/// Archives of ZelDtDecimal: as a part of something, and as an object of its own.
+/// Archives of ZelDtDecimal.
 
 #include "tests/numeric/decimal_testing.h"
 
 #include "platform/formats/ZelFormat.h"
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -223,81 +222,6 @@ TEST(HostileArchive, WithAnyBytesGivesAValueOrAnError)
         }
         EXPECT_TRUE(Matches(caught, MemberError(1, caught.error.signature))) << bytes;
         EXPECT_EQ(Look(value), Defined("7.5")) << bytes;
-    }
-}
-
-/// Class record and object of a defined 4.2.
-Bytes ObjectBytes()
-{
-    return Bytes{0xFF, 0xFF, 1, 0, 12, 0} + Text("ZelDtDecimal") + ArchiveForm(1, "4.2E+000");
-}
-
-TEST(ArchivedObject, StatesClassAndSchema)
-{
-    const ZelDtDecimal value("4.2");
-    EXPECT_EQ(Stored([&](CArchive& ar) { ar << &value; }), ObjectBytes());
-}
-
-TEST(ArchivedObject, IsReadByItsClass)
-{
-    for (const ZelDtWorkingMode mode : kRealModes) {
-        const DefaultMode guard(mode);
-        ZelDtDecimal* value = nullptr;
-        EXPECT_EQ(Loaded(ObjectBytes(), [&](CArchive& ar) { ar >> value; }), 0u);
-        const std::unique_ptr<ZelDtDecimal> owner(value);
-        ASSERT_NE(value, nullptr);
-        EXPECT_EQ(value->GetRuntimeClass(), RUNTIME_CLASS(ZelDtDecimal));
-        EXPECT_EQ(Look(*value), (Number{{mode, 1, 1}, "4.2"})); // created empty, then changed
-    }
-}
-
-TEST(ArchivedObject, IsReadByItsName)
-{
-    CObject* object = nullptr;
-    Loaded(ObjectBytes(), [&](CArchive& ar) { ar >> object; });
-    const std::unique_ptr<CObject> owner(object);
-    ASSERT_NE(object, nullptr);
-    ASSERT_TRUE(object->IsKindOf(RUNTIME_CLASS(ZelDtDecimal)));
-    EXPECT_EQ(NumberOf(*static_cast<ZelDtDecimal*>(object)), "4.2");
-}
-
-TEST(ArchivedObject, MayBeNone)
-{
-    auto* value = reinterpret_cast<ZelDtDecimal*>(sizeof(ZelDtDecimal));
-    Loaded(Stored([](CArchive& ar) { ar << static_cast<CObject*>(nullptr); }),
-           [&](CArchive& ar) { ar >> value; });
-    EXPECT_EQ(value, nullptr);
-}
-
-TEST(ArchivedObject, OfAnotherClassOrSchemaIsRefused)
-{
-    const ZelDtString text("42");
-    EXPECT_EQ(ArchiveCause<ZelDtDecimal>(Stored([&](CArchive& ar) { ar << &text; })),
-              CArchiveException::badClass);
-    Bytes otherSchema = ObjectBytes();
-    otherSchema.data[2] = 2;
-    EXPECT_EQ(ArchiveCause<ZelDtDecimal>(otherSchema), CArchiveException::badSchema);
-    Bytes unknown = ObjectBytes();
-    unknown.data[6] = 'X';
-    EXPECT_EQ(ArchiveCause<ZelDtDecimal>(unknown), CArchiveException::badClass);
-}
-
-TEST(ArchivedObject, CutAnywhereIsAnError)
-{
-    const std::size_t header = 18;
-    const Bytes whole = ObjectBytes();
-    for (std::size_t count = 0; count < whole.size(); ++count) {
-        if (count < header) {
-            EXPECT_EQ(ArchiveCause<ZelDtDecimal>(whole.Cut(count)), CArchiveException::endOfFile)
-                << count;
-            continue;
-        }
-        ZelDtDecimal* value = nullptr;
-        EXPECT_TRUE(
-            FailsBecauseOf([&] { Loaded(whole.Cut(count), [&](CArchive& ar) { ar >> value; }); },
-                           count < header + 4 ? kBaseError : kSerializeError, "CArchiveException"))
-            << count;
-        EXPECT_EQ(value, nullptr);
     }
 }
 

@@ -1,11 +1,8 @@
-/// Archives of ZelDtDouble: as a part of something, and as an object of its own.
+/// Archives of ZelDtDouble.
 
 #include "tests/numeric/double_testing.h"
 
-#include "numeric/DTLONG.h"
 #include "platform/formats/ZelFormat.h"
-
-#include <memory>
 
 namespace {
 
@@ -123,82 +120,6 @@ TEST(CutArchive, ThatTakesNoMoreBytesIsAnError)
     EXPECT_TRUE(FailsBecauseOf([&] { value.Serialize(ar); }, kSerializeError, "CMemoryException"));
     EXPECT_EQ(Look(value), DefinedReal(7.5));
     ar.Abort();
-}
-
-/// Class record and object of a defined 42.5.
-Bytes ObjectBytes()
-{
-    return Bytes{0xFF, 0xFF, 1, 0, 11, 0} + Text("ZelDtDouble") + DoubleArchiveForm(1, 42.5);
-}
-
-TEST(ArchivedObject, StatesClassAndSchema)
-{
-    const ZelDtDouble value(42.5);
-    EXPECT_EQ(Stored([&](CArchive& ar) { ar << &value; }), ObjectBytes());
-}
-
-TEST(ArchivedObject, IsReadByItsClass)
-{
-    for (const ZelDtWorkingMode mode : kRealModes) {
-        const DefaultMode guard(mode);
-        ZelDtDouble* value = nullptr;
-        EXPECT_EQ(Loaded(ObjectBytes(), [&](CArchive& ar) { ar >> value; }), 0u);
-        const std::unique_ptr<ZelDtDouble> owner(value);
-        ASSERT_NE(value, nullptr);
-        EXPECT_EQ(value->GetRuntimeClass(), RUNTIME_CLASS(ZelDtDouble));
-        EXPECT_EQ(Look(*value), (Real{{mode, 1, 1}, 42.5})); // created undefined or 0, then changed
-    }
-}
-
-TEST(ArchivedObject, IsReadByItsName)
-{
-    CObject* object = nullptr;
-    Loaded(ObjectBytes(), [&](CArchive& ar) { ar >> object; });
-    const std::unique_ptr<CObject> owner(object);
-    ASSERT_NE(object, nullptr);
-    ASSERT_TRUE(object->IsKindOf(RUNTIME_CLASS(ZelDtDouble)));
-    EXPECT_EQ(static_cast<ZelDtDouble*>(object)->GetValue(), 42.5);
-}
-
-TEST(ArchivedObject, MayBeNone)
-{
-    auto* value = reinterpret_cast<ZelDtDouble*>(sizeof(ZelDtDouble));
-    Loaded(Stored([](CArchive& ar) { ar << static_cast<CObject*>(nullptr); }),
-           [&](CArchive& ar) { ar >> value; });
-    EXPECT_EQ(value, nullptr);
-}
-
-TEST(ArchivedObject, OfAnotherClassOrSchemaIsRefused)
-{
-    const ZelDtLong number(42);
-    EXPECT_EQ(ArchiveCause<ZelDtDouble>(Stored([&](CArchive& ar) { ar << &number; })),
-              CArchiveException::badClass);
-    Bytes otherSchema = ObjectBytes();
-    otherSchema.data[2] = 2;
-    EXPECT_EQ(ArchiveCause<ZelDtDouble>(otherSchema), CArchiveException::badSchema);
-    Bytes unknown = ObjectBytes();
-    unknown.data[6] = 'X';
-    EXPECT_EQ(ArchiveCause<ZelDtDouble>(unknown), CArchiveException::badClass);
-}
-
-TEST(ArchivedObject, CutAnywhereIsAnError)
-{
-    const std::size_t header = 17;
-    const Bytes whole = ObjectBytes();
-    ASSERT_EQ(whole.size(), header + 12);
-    for (std::size_t count = 0; count < whole.size(); ++count) {
-        if (count < header) {
-            EXPECT_EQ(ArchiveCause<ZelDtDouble>(whole.Cut(count)), CArchiveException::endOfFile)
-                << count;
-            continue;
-        }
-        ZelDtDouble* value = nullptr;
-        EXPECT_TRUE(
-            FailsBecauseOf([&] { Loaded(whole.Cut(count), [&](CArchive& ar) { ar >> value; }); },
-                           kSerializeError, "CArchiveException"))
-            << count;
-        EXPECT_EQ(value, nullptr);
-    }
 }
 
 } // namespace

@@ -1,11 +1,9 @@
-/// Archives of the integer classes: as a part of something, and as an object of its own.
+/// Archives of the integer classes.
 
 #include "tests/numeric/integer_testing.h"
 
 #include "platform/formats/ZelFormat.h"
-#include "text/DTSTRING.h"
 
-#include <memory>
 #include <vector>
 
 namespace {
@@ -152,96 +150,6 @@ TYPED_TEST(CutArchive, ThatTakesNoMoreBytesIsAnError)
                                "CMemoryException"));
     EXPECT_EQ(Look(value), Defined(7));
     ar.Abort();
-}
-
-/// Bytes of an object in front of its own: tag, schema, length of the class's name.
-constexpr std::size_t kHeader = 6;
-
-/// Class record and object of a defined 42.
-template <typename V>
-Bytes ObjectBytes()
-{
-    const std::string name = Facts<V>::kClass;
-    return Bytes{0xFF, 0xFF, 1, 0, static_cast<int>(name.size()), 0} + Bytes(name) +
-           ArchiveForm<V>(1, 42);
-}
-
-ZEL_INTEGER_SUITE(ArchivedObject);
-
-TYPED_TEST(ArchivedObject, StatesClassAndSchema)
-{
-    const TypeParam value(42);
-    EXPECT_EQ(Stored([&](CArchive& ar) { ar << &value; }), ObjectBytes<TypeParam>());
-}
-
-TYPED_TEST(ArchivedObject, IsReadByItsClass)
-{
-    using V = TypeParam;
-    for (const ZelDtWorkingMode mode : kRealModes) {
-        const DefaultMode guard(mode);
-        V* value = nullptr;
-        EXPECT_EQ(Loaded(ObjectBytes<V>(), [&](CArchive& ar) { ar >> value; }), 0u);
-        const std::unique_ptr<V> owner(value);
-        ASSERT_NE(value, nullptr);
-        EXPECT_EQ(value->GetRuntimeClass(), RUNTIME_CLASS(V));
-        EXPECT_EQ(Look(*value), (Number{{mode, 1, 1}, 42})); // created undefined or 0, then changed
-    }
-}
-
-TYPED_TEST(ArchivedObject, IsReadByItsName)
-{
-    using V = TypeParam;
-    CObject* object = nullptr;
-    Loaded(ObjectBytes<V>(), [&](CArchive& ar) { ar >> object; });
-    const std::unique_ptr<CObject> owner(object);
-    ASSERT_NE(object, nullptr);
-    ASSERT_TRUE(object->IsKindOf(RUNTIME_CLASS(V)));
-    EXPECT_EQ(static_cast<V*>(object)->GetValue(), 42);
-}
-
-TYPED_TEST(ArchivedObject, MayBeNone)
-{
-    auto* value = reinterpret_cast<TypeParam*>(sizeof(TypeParam));
-    Loaded(Stored([](CArchive& ar) { ar << static_cast<CObject*>(nullptr); }),
-           [&](CArchive& ar) { ar >> value; });
-    EXPECT_EQ(value, nullptr);
-}
-
-TYPED_TEST(ArchivedObject, OfAnotherClassOrSchemaIsRefused)
-{
-    using V = TypeParam;
-    const ZelDtString text("42");
-    EXPECT_EQ(ArchiveCause<V>(Stored([&](CArchive& ar) { ar << &text; })),
-              CArchiveException::badClass);
-    const Bytes sibling =
-        Facts<V>::kType == ZelDtTypLong ? ObjectBytes<ZelDtShort>() : ObjectBytes<ZelDtLong>();
-    EXPECT_EQ(ArchiveCause<V>(sibling), CArchiveException::badClass);
-    Bytes otherSchema = ObjectBytes<V>();
-    otherSchema.data[2] = 2;
-    EXPECT_EQ(ArchiveCause<V>(otherSchema), CArchiveException::badSchema);
-    Bytes unknown = ObjectBytes<V>();
-    unknown.data[kHeader] = 'X';
-    EXPECT_EQ(ArchiveCause<V>(unknown), CArchiveException::badClass);
-}
-
-TYPED_TEST(ArchivedObject, CutAnywhereIsAnError)
-{
-    using V = TypeParam;
-    const std::size_t header = kHeader + std::string(Facts<V>::kClass).size();
-    const Bytes whole = ObjectBytes<V>();
-    ASSERT_EQ(whole.size(), header + 4 + sizeof(typename Facts<V>::Bits));
-    for (std::size_t count = 0; count < whole.size(); ++count) {
-        if (count < header) {
-            EXPECT_EQ(ArchiveCause<V>(whole.Cut(count)), CArchiveException::endOfFile) << count;
-            continue;
-        }
-        V* value = nullptr;
-        EXPECT_TRUE(
-            FailsBecauseOf([&] { Loaded(whole.Cut(count), [&](CArchive& ar) { ar >> value; }); },
-                           SerializeError<V>(), "CArchiveException"))
-            << count;
-        EXPECT_EQ(value, nullptr);
-    }
 }
 
 } // namespace

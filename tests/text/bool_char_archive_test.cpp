@@ -1,12 +1,10 @@
-/// Archives of ZelDtBool and ZelDtChar: as a part of something, and as an object of its own.
+/// Archives of ZelDtBool and ZelDtChar.
 
 #include "tests/text/character_testing.h"
 
-#include "numeric/DTLONG.h"
 #include "platform/formats/ZelFormat.h"
 
 #include <climits>
-#include <memory>
 #include <type_traits>
 
 namespace {
@@ -210,95 +208,6 @@ TYPED_TEST(CutArchive, ThatTakesNoMoreBytesIsAnError)
     EXPECT_TRUE(FailsBehind([&] { value.Serialize(ar); }, kOrigin<TypeParam>, "CMemoryException"));
     EXPECT_EQ(Look(value), (HeldBy<TypeParam>{NewDefined(), thing}));
     ar.Abort();
-}
-
-template <typename V>
-class ArchivedObject : public ::testing::Test {
-protected:
-    /// Class record and object of a defined value.
-    static Bytes ObjectBytes()
-    {
-        return Bytes{0xFF, 0xFF, 1, 0, 9, 0} + Text(kOrigin<V>.classText) + ArchiveForm(1, Thing());
-    }
-    static PlainOf<V> Thing() { return Things<V>()[1]; }
-    static constexpr std::size_t kHeader = 15;
-};
-TYPED_TEST_SUITE(ArchivedObject, Classes);
-
-TYPED_TEST(ArchivedObject, StatesClassAndSchemaOnce)
-{
-    const TypeParam value(this->Thing());
-    EXPECT_EQ(Stored([&](CArchive& ar) { ar << &value << &value; }),
-              this->ObjectBytes() + Bytes({2, 0}));
-}
-
-TYPED_TEST(ArchivedObject, IsReadByItsClass)
-{
-    for (const ZelDtWorkingMode mode : kRealModes) {
-        const DefaultMode guard(mode);
-        TypeParam* value = nullptr;
-        TypeParam* again = nullptr;
-        EXPECT_EQ(Loaded(this->ObjectBytes() + Bytes({2, 0}),
-                         [&](CArchive& ar) { ar >> value >> again; }),
-                  0U);
-        const std::unique_ptr<TypeParam> owner(value);
-        ASSERT_NE(value, nullptr);
-        EXPECT_EQ(again, value);
-        EXPECT_EQ(value->GetRuntimeClass(), RUNTIME_CLASS(TypeParam));
-        EXPECT_EQ(Look(*value), (HeldBy<TypeParam>{{mode, 1, 1}, this->Thing()}));
-    }
-}
-
-TYPED_TEST(ArchivedObject, IsReadByItsName)
-{
-    CObject* object = nullptr;
-    Loaded(this->ObjectBytes(), [&](CArchive& ar) { ar >> object; });
-    const std::unique_ptr<CObject> owner(object);
-    ASSERT_NE(object, nullptr);
-    ASSERT_TRUE(object->IsKindOf(RUNTIME_CLASS(TypeParam)));
-    EXPECT_EQ(static_cast<TypeParam*>(object)->GetValue(), this->Thing());
-}
-
-TYPED_TEST(ArchivedObject, MayBeNone)
-{
-    auto* value = reinterpret_cast<TypeParam*>(sizeof(TypeParam));
-    Loaded(Stored([](CArchive& ar) { ar << static_cast<CObject*>(nullptr); }),
-           [&](CArchive& ar) { ar >> value; });
-    EXPECT_EQ(value, nullptr);
-}
-
-TYPED_TEST(ArchivedObject, OfAnotherClassOrSchemaIsRefused)
-{
-    const ZelDtLong number(42);
-    EXPECT_EQ(ArchiveCause<TypeParam>(Stored([&](CArchive& ar) { ar << &number; })),
-              CArchiveException::badClass);
-    using Other = std::conditional_t<std::is_same_v<TypeParam, ZelDtBool>, ZelDtChar, ZelDtBool>;
-    EXPECT_EQ(ArchiveCause<Other>(this->ObjectBytes()), CArchiveException::badClass);
-    Bytes otherSchema = this->ObjectBytes();
-    otherSchema.data[2] = 2;
-    EXPECT_EQ(ArchiveCause<TypeParam>(otherSchema), CArchiveException::badSchema);
-    Bytes unknown = this->ObjectBytes();
-    unknown.data[6] = 'X';
-    EXPECT_EQ(ArchiveCause<TypeParam>(unknown), CArchiveException::badClass);
-}
-
-TYPED_TEST(ArchivedObject, CutAnywhereIsAnError)
-{
-    const Bytes whole = this->ObjectBytes();
-    ASSERT_EQ(whole.size(), this->kHeader + ArchiveForm(1, this->Thing()).size());
-    for (std::size_t count = 0; count < whole.size(); ++count) {
-        if (count < this->kHeader) {
-            EXPECT_EQ(ArchiveCause<TypeParam>(whole.Cut(count)), CArchiveException::endOfFile)
-                << count;
-            continue;
-        }
-        TypeParam* value = nullptr;
-        EXPECT_TRUE(
-            FailsBehind([&] { Loaded(whole.Cut(count), [&](CArchive& ar) { ar >> value; }); },
-                        kOrigin<TypeParam>, "CArchiveException"))
-            << count;
-        EXPECT_EQ(value, nullptr);
-    }
 }
 
 } // namespace

@@ -1,4 +1,3 @@
-#include "numeric/DTLONG.h"
 #include "platform/formats/ZelFormat.h"
 #include "tests/text/string_testing.h"
 
@@ -514,33 +513,6 @@ TEST(Archive, AFullFileIsAFollowUpError)
     EXPECT_TRUE(FailsBecauseOf([&] { s->Serialize(ar); }, ArchiveError(), "CMemoryException"));
     ar.Abort();
     EXPECT_EQ(ContentOf(*s), (Content{std::string(1000, 'x'), 1, 0}));
-}
-
-TEST(ArchiveObjects, AreNamedAndVersioned)
-{
-    const ZelDtString s("ab");
-    const Bytes bytes = Stored([&](CArchive& ar) { ar << &s << &s; });
-    const Bytes expected = Bytes({0xFF, 0xFF, 1, 0, 11, 0}) + Text("ZelDtString") +
-                           Bytes({1, 0, 0, 0, 2, 'a', 'b'}) + Bytes({2, 0});
-    EXPECT_EQ(bytes, expected);
-    ZelDtString* first = nullptr;
-    ZelDtString* second = nullptr;
-    EXPECT_EQ(Loaded(bytes, [&](CArchive& ar) { ar >> first >> second; }), 0U);
-    const StringPtr owner(first);
-    ASSERT_NE(first, nullptr);
-    EXPECT_EQ(first, second);
-    EXPECT_EQ(ContentOf(*first), (Content{"ab", 1, 1}));
-    EXPECT_EQ(first->GetWorkingMode(), ZelDtWmMissing);
-}
-
-TEST(ArchiveObjects, OfAnotherClassAreRefused)
-{
-    const ZelDtLong number(1);
-    const Bytes bytes = Stored([&](CArchive& ar) { ar << &number; });
-    ZelDtString* s = nullptr;
-    EXPECT_EQ(Catch([&] { Loaded(bytes, [&](CArchive& ar) { ar >> s; }); }).disturbance,
-              "a CArchiveException");
-    EXPECT_EQ(s, nullptr);
 }
 
 TEST(ArchiveObjects, AreCreatedByName)
