@@ -9,7 +9,7 @@ echo "clang-format: ${#files[@]} files"
 clang-format-14 --dry-run --Werror "${files[@]}"
 
 mapfile -t sources < <(git ls-files 'foundation/*.cpp' 'text/*.cpp' 'numeric/*.cpp' 'datetime/*.cpp' \
-  'platform/*.cpp' 'tools/*.cpp' 'examples/*.cpp' |
+  'ddx/*.cpp'   'platform/*.cpp' 'tools/*.cpp' 'examples/*.cpp' |
   while IFS= read -r source; do
     if grep -qF "/$source\"" build/clang/compile_commands.json; then echo "$source"; fi
   done)

@@ -40,4 +40,8 @@ ZELDT_API char* ZelDtMemSetTCHAR(char* p, char c, unsigned int n);
 /// A null text is error 5, any exception error 1; `s` is then unchanged.
 ZELDT_API void AssignRecordsetMemberCString(CString& s, const char* text);
 
+/// Makes an array of two values of each class and deletes it again. Does nothing else: it is there
+/// so that arrays of values made in the library or in the program may be deleted in either.
+ZELDT_API void DummyFunctionForCreatingVectorDeletingDestruktor();
+
 #endif

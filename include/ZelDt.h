@@ -7,6 +7,7 @@
 #include <ZELQRNDT017/datetime/DTDATIME.h>
 #include <ZELQRNDT017/datetime/DTDATZP.h>
 #include <ZELQRNDT017/datetime/DTTIME.h>
+#include <ZELQRNDT017/ddx/DTDDXFKT.h>
 #include <ZELQRNDT017/foundation/DTBASIS.h>
 #include <ZELQRNDT017/foundation/DTEXCEP.h>
 #include <ZELQRNDT017/foundation/DT_IUTIL.h>

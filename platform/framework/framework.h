@@ -6,6 +6,7 @@
 
 #include "fwarchive.h"
 #include "fwdbexc.h"
+#include "fwdialog.h"
 #include "fwdump.h"
 #include "fwexcept.h"
 #include "fwfile.h"
@@ -18,5 +19,6 @@
 #include "fwrecset.h"
 #include "fwrfx.h"
 #include "fwstring.h"
+#include "fwwindow.h"
 
 #endif

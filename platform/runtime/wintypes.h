@@ -76,6 +76,20 @@ struct SYSTEMTIME {
 typedef struct ZelrtModule_* HMODULE;
 typedef HMODULE HINSTANCE;
 
+/// A window; on Linux an entry of the framework's table of windows.
+typedef struct ZelrtWindow_* HWND;
+typedef struct ZelrtMenu_* HMENU;
+
+/// What a message carries along, and what its answer is.
+typedef unsigned long long WPARAM;
+typedef long long LPARAM;
+typedef long long LRESULT;
+typedef long long LONG_PTR;
+
+/// Stands before the name of a function that the system calls.
+#define CALLBACK
+typedef LRESULT(CALLBACK* WNDPROC)(HWND, UINT, WPARAM, LPARAM);
+
 #ifndef TRUE
 #define TRUE 1
 #endif
