@@ -12,6 +12,8 @@
 #include "text/DTCHAR.h"
 #include "text/DTSTRING.h"
 
+#include <limits>
+
 namespace {
 
 using zeldt::ErrorNo;
@@ -51,17 +53,21 @@ void ReadFrom(HWND control, ZelDtBasis& value)
         value.Clear();
         return;
     }
+    // What is no length of a text comes from a control that does not hand one over.
+    if (length < 0 || length == std::numeric_limits<int>::max())
+        return;
     CString text;
-    const int copied = GetWindowTextA(control, text.GetBuffer(length + 1), length + 1);
-    text.ReleaseBuffer(copied);
-    if (copied != 0)
-        value.SetFromOFL(text, nullptr);
+    if (GetWindowTextA(control, text.GetBuffer(length), length + 1) == 0)
+        return;
+    // Up to the NUL: how much was copied is what the control says.
+    text.ReleaseBuffer();
+    value.SetFromOFL(text, nullptr);
 }
 
 void Exchange(const Operation& operation, CDataExchange* pDX, int nIDC, ZelDtBasis& value)
 {
     RequireExchange(operation, pDX);
-    const HWND control = pDX->PrepareEditCtrl(nIDC);
+    HWND control = pDX->PrepareEditCtrl(nIDC);
     if (pDX->m_bSaveAndValidate)
         ReadFrom(control, value);
     else if (!SetWindowTextA(control, value.ConvToOFL(nullptr)))

@@ -2,12 +2,12 @@
 
 #ifndef ZELDT_NO_POOL
 
+#include "platform/runtime/lock.h"
+
 #include <algorithm>
-#include <atomic>
 #include <cstdlib>
 #include <memory>
 #include <mutex>
-#include <thread>
 #include <utility>
 
 namespace zeldt {
@@ -28,25 +28,10 @@ struct ListedCache : ThreadCache {
     ListedCache* next;
 };
 
-/// A lock that needs neither construction nor destruction. It is held for a few instructions on
-/// slow ways only, so whoever waits gives its turn away.
-class Lock {
-public:
-    void lock() noexcept
-    {
-        while (m_taken.test_and_set(std::memory_order_acquire))
-            std::this_thread::yield();
-    }
-    void unlock() noexcept { m_taken.clear(std::memory_order_release); }
-
-private:
-    std::atomic_flag m_taken;
-};
-
 /// What all threads share. Trivially constructed and never destroyed, so that it can be used
 /// before and after every static object; Close gives back what it can.
 struct Store {
-    Lock lock;
+    zelrt::Lock lock;
     FreeBlock* batches[kBlockSizeCount]; // lists of batches
     std::size_t freeBlocks[kBlockSizeCount];
     std::size_t carvedBlocks[kBlockSizeCount];

@@ -1,5 +1,6 @@
 #include "platform/errors/errors.h"
 
+#include "platform/runtime/lock.h"
 #include "platform/runtime/system.h"
 
 #include <atomic>
@@ -32,14 +33,14 @@ class ZelEhLiveErrors {
 public:
     static ZelEhLiveErrors& Instance()
     {
-        // Never destroyed: errors may be deleted after every static object is gone.
-        static ZelEhLiveErrors* const instance = new ZelEhLiveErrors;
-        return *instance;
+        // Needs no destruction: errors may be deleted after every static object is gone.
+        static constinit ZelEhLiveErrors instance;
+        return instance;
     }
 
     void Add(ZelEhBasis& error)
     {
-        const std::lock_guard lock(m_mutex);
+        const std::lock_guard guard(m_lock);
         error.m_pNext = m_pFirst;
         if (m_pFirst != nullptr)
             m_pFirst->m_pPrevious = &error;
@@ -50,14 +51,14 @@ public:
 
     void Remove(ZelEhBasis& error)
     {
-        const std::lock_guard lock(m_mutex);
+        const std::lock_guard guard(m_lock);
         Unlink(error);
     }
 
     /// Takes one error of the kind off the list; null when there is none.
     ZelEhBasis* TakeAny(const CRuntimeClass* kind)
     {
-        const std::lock_guard lock(m_mutex);
+        const std::lock_guard guard(m_lock);
         ZelEhBasis* error = m_pFirst;
         const auto isWanted = [kind](const ZelEhBasis& candidate) {
             return !candidate.m_bTakenOver && (kind == nullptr || candidate.IsKindOf(kind));
@@ -71,7 +72,7 @@ public:
 
     std::size_t Count()
     {
-        const std::lock_guard lock(m_mutex);
+        const std::lock_guard guard(m_lock);
         return m_nCount;
     }
 
@@ -89,7 +90,7 @@ private:
         --m_nCount;
     }
 
-    std::mutex m_mutex;
+    zelrt::Lock m_lock;
     ZelEhBasis* m_pFirst = nullptr;
     std::size_t m_nCount = 0;
 };
@@ -369,10 +370,7 @@ std::size_t ZelEhCountLiveErrors()
     return ZelEhLiveErrors::Instance().Count();
 }
 
-ZelEhDeleteAtTerminate::ZelEhDeleteAtTerminate(const CRuntimeClass* kind) : m_pKind(kind)
-{
-    ZelEhLiveErrors::Instance(); // made before this object, so that it is there at the end
-}
+ZelEhDeleteAtTerminate::ZelEhDeleteAtTerminate(const CRuntimeClass* kind) : m_pKind(kind) {}
 
 ZelEhDeleteAtTerminate::~ZelEhDeleteAtTerminate()
 {

@@ -2,6 +2,8 @@
 
 #include "platform/framework/fwexcept.h"
 
+#include <utility>
+
 IMPLEMENT_DYNCREATE(CWnd, CObject)
 
 CWnd::CWnd() : m_hWnd(nullptr) {}
@@ -22,9 +24,7 @@ BOOL CWnd::Attach(HWND window)
 
 HWND CWnd::Detach()
 {
-    const HWND window = m_hWnd;
-    m_hWnd = nullptr;
-    return window;
+    return std::exchange(m_hWnd, nullptr);
 }
 
 HWND CWnd::GetSafeHwnd() const
@@ -58,7 +58,7 @@ CDataExchange::CDataExchange(CWnd* dialog, BOOL saveAndValidate)
 
 HWND CDataExchange::PrepareCtrl(int id)
 {
-    const HWND control = m_pDlgWnd != nullptr ? ::GetDlgItem(m_pDlgWnd->m_hWnd, id) : nullptr;
+    auto* const control = m_pDlgWnd != nullptr ? ::GetDlgItem(m_pDlgWnd->m_hWnd, id) : nullptr;
     if (control == nullptr)
         AfxThrowNotSupportedException();
     m_hWndLastControl = control;
@@ -68,7 +68,7 @@ HWND CDataExchange::PrepareCtrl(int id)
 
 HWND CDataExchange::PrepareEditCtrl(int id)
 {
-    const HWND control = PrepareCtrl(id);
+    auto* const control = PrepareCtrl(id);
     m_bEditLastControl = TRUE;
     return control;
 }
@@ -85,7 +85,7 @@ void CDataExchange::Fail()
 
 void DDX_Check(CDataExchange* pDX, int id, int& value)
 {
-    const HWND box = pDX->PrepareCtrl(id);
+    auto* const box = pDX->PrepareCtrl(id);
     if (pDX->m_bSaveAndValidate) {
         value = static_cast<int>(SendMessageA(box, BM_GETCHECK, 0, 0));
         return;

@@ -28,7 +28,7 @@ class ZELFW_API CWnd : public CObject {
 public:
     /// Without a window.
     CWnd();
-    /// A window that is still attached is destroyed.
+    /// A window that is still attached is destroyed, if this is the thread that made it.
     ~CWnd() override;
 
     /// Takes a window over. FALSE for a null window and when there is one already.
@@ -38,7 +38,7 @@ public:
 
     /// The window, null if there is none.
     HWND GetSafeHwnd() const;
-    /// Stores the control with this identifier, null if there is none.
+    /// Stores the control with this identifier, null if there is none. `window` must not be null.
     void GetDlgItem(int id, HWND* window) const;
 
     /// Runs DoDataExchange, from controls to values or back. FALSE if that was stopped by a
@@ -55,7 +55,7 @@ protected:
 /// One exchange of data, in one direction.
 class ZELFW_API CDataExchange {
 public:
-    /// The dialog must outlive the exchange.
+    /// The dialog must outlive the exchange. A null one has no controls.
     CDataExchange(CWnd* dialog, BOOL saveAndValidate);
 
     /// TRUE: from the controls to the values. FALSE: from the values to the controls.
@@ -63,7 +63,7 @@ public:
     CWnd* m_pDlgWnd;
 
     /// The control with this identifier, which is remembered as the one being exchanged. A dialog
-    /// without such a control throws CNotSupportedException.
+    /// without such a control throws CNotSupportedException; the one before stays remembered.
     HWND PrepareCtrl(int id);
     /// The same for an edit control.
     HWND PrepareEditCtrl(int id);
@@ -76,7 +76,9 @@ public:
     BOOL m_bEditLastControl;
 };
 
-/// Exchanges the state of a check box: 0, 1, or 2 for the third state. Other numbers show as 0.
+/// Exchanges the state of a check box: 0, 1, or 2 for the third state. Other numbers show as 0, and
+/// a box of two states shows 2 as 1. Without the box CNotSupportedException leaves the value as it
+/// is.
 ZELFW_API void DDX_Check(CDataExchange* pDX, int id, int& value);
 
 #endif

@@ -1,5 +1,6 @@
 #include "platform/framework/fwmodule.h"
 
+#include "platform/runtime/lock.h"
 #include "platform/runtime/system.h"
 
 #include <cstring>
@@ -16,13 +17,7 @@
 struct CClassList {
     static constinit CRuntimeClass* classes;
     static constinit CDynLinkLibrary* libraries;
-
-    static std::mutex& Lock()
-    {
-        alignas(std::mutex) static unsigned char storage[sizeof(std::mutex)];
-        static std::mutex* const lock = new (storage) std::mutex;
-        return *lock;
-    }
+    static constinit zelrt::Lock lock;
 
     static bool Contains(const CRuntimeClass* list, const CRuntimeClass* record) noexcept
     {
@@ -87,7 +82,7 @@ struct CClassList {
 
     static void Chain(CDynLinkLibrary* library, AFX_EXTENSION_MODULE& module) noexcept
     {
-        const std::lock_guard guard(Lock());
+        const std::lock_guard guard(lock);
         library->m_classes = module.pFirstSharedClass;
         module.pFirstSharedClass = nullptr;
         library->m_next = libraries;
@@ -96,7 +91,7 @@ struct CClassList {
 
     static void Unchain(CDynLinkLibrary* library) noexcept
     {
-        const std::lock_guard guard(Lock());
+        const std::lock_guard guard(lock);
         CDynLinkLibrary** link = &libraries;
         while (*link != nullptr && *link != library)
             link = &(*link)->m_next;
@@ -108,7 +103,7 @@ struct CClassList {
     /// back to the module if they are the module's. Null when there is none left.
     static CDynLinkLibrary* TakeLibrary(AFX_EXTENSION_MODULE& module, bool all) noexcept
     {
-        const std::lock_guard guard(Lock());
+        const std::lock_guard guard(lock);
         CDynLinkLibrary** link = &libraries;
         while (*link != nullptr && !all && (*link)->m_module != &module)
             link = &(*link)->m_next;
@@ -126,7 +121,7 @@ struct CClassList {
 
     static std::vector<CRuntimeClass*> GeneralList()
     {
-        const std::lock_guard guard(Lock());
+        const std::lock_guard guard(lock);
         std::vector<CRuntimeClass*> records;
         for (CRuntimeClass* record = classes; record != nullptr; record = record->m_pNextClass)
             records.push_back(record);
@@ -136,6 +131,7 @@ struct CClassList {
 
 constinit CRuntimeClass* CClassList::classes = nullptr;
 constinit CDynLinkLibrary* CClassList::libraries = nullptr;
+constinit zelrt::Lock CClassList::lock;
 
 namespace {
 
@@ -160,20 +156,20 @@ CRuntimeClass* CRuntimeClass::FromName(LPCSTR className)
 {
     if (className == nullptr)
         return nullptr;
-    const std::lock_guard guard(CClassList::Lock());
+    const std::lock_guard guard(CClassList::lock);
     return CClassList::FindEverywhere(className);
 }
 
 CClassRegistration::CClassRegistration(CRuntimeClass* runtimeClass) noexcept : m_class(runtimeClass)
 {
-    const std::lock_guard guard(CClassList::Lock());
+    const std::lock_guard guard(CClassList::lock);
     if (!CClassList::IsKnown(m_class))
         CClassList::Push(CClassList::classes, m_class);
 }
 
 CClassRegistration::~CClassRegistration()
 {
-    const std::lock_guard guard(CClassList::Lock());
+    const std::lock_guard guard(CClassList::lock);
     CClassList::RemoveEverywhere(m_class);
 }
 
@@ -195,7 +191,7 @@ BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& module, HINSTANCE instance)
         return FALSE;
     }
 
-    const std::lock_guard guard(CClassList::Lock());
+    const std::lock_guard guard(CClassList::lock);
     for (CRuntimeClass* record : records) {
         if (CClassList::Remove(CClassList::classes, record))
             CClassList::Push(module.pFirstSharedClass, record);

@@ -1,12 +1,12 @@
 #include "platform/framework/fwstring.h"
 
+#include "platform/framework/fwblocks.h"
 #include "platform/framework/fwexcept.h"
 #include "platform/framework/fwole.h"
 #include "platform/framework/fwtext.h"
 
 #include <algorithm>
 #include <climits>
-#include <cstdlib>
 #include <cstring>
 #include <new>
 
@@ -27,10 +27,16 @@ char* TextOf(CStringData* data) noexcept
     return reinterpret_cast<char*>(data + 1);
 }
 
+/// The size of the block for a text of so many bytes at most.
+std::size_t BlockSizeOf(int allocLength) noexcept
+{
+    return sizeof(CStringData) + static_cast<std::size_t>(allocLength) + 1;
+}
+
 /// An empty text with room for `length` bytes.
 CStringData* Allocate(int length)
 {
-    void* memory = std::malloc(sizeof(CStringData) + static_cast<std::size_t>(length) + 1);
+    void* memory = zelfw::TakeBlock(BlockSizeOf(length));
     if (memory == nullptr)
         AfxThrowMemoryException();
     auto* data = new (memory) CStringData{1, 0, length};
@@ -48,9 +54,22 @@ void Release(CStringData* data) noexcept
 {
     if (data == &emptyText.data)
         return;
-    const bool locked = data->nRefs.load(std::memory_order_relaxed) < 0;
-    if (locked || data->nRefs.fetch_sub(1, std::memory_order_acq_rel) == 1)
-        std::free(data);
+    // Who holds the last reference, or a locked text, needs no atomic subtraction: nobody else can
+    // add one.
+    if (data->nRefs.load(std::memory_order_acquire) <= 1 ||
+        data->nRefs.fetch_sub(1, std::memory_order_acq_rel) == 1)
+        zelfw::ReturnBlock(data, BlockSizeOf(data->nAllocLength));
+}
+
+/// A new text of these bytes; the shared empty one when there are none.
+CStringData* Duplicate(LPCTSTR text, int length)
+{
+    if (length == 0)
+        return &emptyText.data;
+    CStringData* const data = Allocate(length);
+    std::memcpy(TextOf(data), text, static_cast<std::size_t>(length));
+    SetLengthOf(data, length);
+    return data;
 }
 
 bool IsLocked(const CStringData* data) noexcept
@@ -63,6 +82,14 @@ int RequireLength(int length)
     if (length < 0)
         AfxThrowInvalidArgException();
     return length;
+}
+
+/// The length of a text that is not null unless it is empty.
+int RequireText(LPCTSTR text, int length)
+{
+    if (text == nullptr && length != 0)
+        AfxThrowInvalidArgException();
+    return RequireLength(length);
 }
 
 std::size_t WideLength(LPCOLESTR text) noexcept
@@ -110,17 +137,13 @@ CString::CString(CString&& source) noexcept : m_pszData(source.m_pszData)
     source.m_pszData = TextOf(&emptyText.data);
 }
 
-CString::CString(LPCTSTR text) : CString()
-{
-    SetString(text);
-}
+CString::CString(LPCTSTR text) : CString(text, zelfw::CheckedLength(View(text).size())) {}
 
 CString::CString(const unsigned char* text) : CString(reinterpret_cast<LPCTSTR>(text)) {}
 
-CString::CString(LPCTSTR text, int length) : CString()
-{
-    SetString(text, length);
-}
+CString::CString(LPCTSTR text, int length)
+    : m_pszData(TextOf(Duplicate(text, RequireText(text, length))))
+{}
 
 CString::CString(TCHAR character, int repeat) : CString()
 {
@@ -202,21 +225,14 @@ void CString::SetString(LPCTSTR text)
 
 void CString::SetString(LPCTSTR text, int length)
 {
-    if (text == nullptr && length != 0)
-        AfxThrowInvalidArgException();
-    if (RequireLength(length) == 0) {
+    if (RequireText(text, length) == 0) {
         Empty();
-        return;
-    }
-    const auto size = static_cast<std::size_t>(length);
-    if (IsOwn(length)) {
-        std::memmove(m_pszData, text, size);
+    } else if (IsOwn(length)) {
+        std::memmove(m_pszData, text, static_cast<std::size_t>(length));
+        SetLengthOf(Data(), length);
     } else {
-        CStringData* data = Allocate(length);
-        std::memcpy(TextOf(data), text, size);
-        Adopt(data);
+        Adopt(Duplicate(text, length));
     }
-    SetLengthOf(Data(), length);
 }
 
 void CString::Empty() noexcept
@@ -241,9 +257,7 @@ void CString::Append(LPCTSTR text)
 
 void CString::Append(LPCTSTR text, int length)
 {
-    if (text == nullptr && length != 0)
-        AfxThrowInvalidArgException();
-    if (RequireLength(length) == 0)
+    if (RequireText(text, length) == 0)
         return;
     const int oldLength = GetLength();
     const int newLength = zelfw::CheckedLength(std::uint64_t{0} + static_cast<unsigned>(oldLength) +

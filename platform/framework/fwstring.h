@@ -33,6 +33,10 @@
 
 class CArchive;
 
+namespace zelfw {
+class TextArgument;
+}
+
 /// What lies in front of the text of a CString.
 struct CStringData {
     std::atomic<int> nRefs; ///< objects that share the text; -1 when locked to one object
@@ -218,6 +222,11 @@ public:
     friend bool operator>=(LPCTSTR a, const CString& b) noexcept { return b.Compare(a) <= 0; }
 
 private:
+    friend class zelfw::TextArgument;
+
+    /// With the text behind `data`.
+    explicit CString(CStringData* data) noexcept : m_pszData(reinterpret_cast<LPTSTR>(data + 1)) {}
+
     CStringData* Data() const noexcept { return reinterpret_cast<CStringData*>(m_pszData) - 1; }
     int Order(const CString& other) const noexcept;
     bool IsOwn(int length) const noexcept;

@@ -1,10 +1,13 @@
 // Windows in memory: what dialogs need of the window system where there is none.
 
-#include "platform/framework/fwwindow.h"
+#include "platform/framework/fwwindowtable.h"
+
+#include "platform/runtime/threadslot.h"
 
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <functional>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -14,36 +17,22 @@
 
 namespace {
 
-constexpr std::size_t kUnlimited = 0x7FFFFFFE;
-constexpr std::size_t kFirstLimit = 30000;
-constexpr WPARAM kBackspace = 8;
-constexpr WPARAM kFirstPrintable = ' ';
-constexpr WPARAM kDelete = 127;
+using zelfw::Find;
+using zelfw::HasMemoryFor;
+using zelfw::Thread;
+using zelfw::Window;
+using zelfw::WindowPointer;
 
-struct Window {
-    HWND handle = nullptr;
-    HWND parent = nullptr;
-    LONG_PTR id = 0;
-    DWORD style = 0;
-    WNDPROC procedure = nullptr;
-    std::vector<HWND> children;
-    std::string text;
+/// The calling thread's, null before its first window.
+Thread* ThisThread()
+{
+    return static_cast<Thread*>(zelrt::GetThreadPointer());
+}
 
-    // Edit controls
-    std::size_t limit = kFirstLimit;
-    std::size_t selectionStart = 0;
-    std::size_t selectionEnd = 0;
-
-    // Boxes
-    int checked = BST_UNCHECKED;
-};
-
-using WindowPointer = std::shared_ptr<Window>;
-
-/// All windows by their handles, which are numbers that count up.
+/// All windows by their handles, which are numbers that count up: none is used twice.
 class WindowTable {
 public:
-    /// Never destroyed, so that it serves the static objects of every library.
+    /// Never destroyed, because threads may outlive the static objects.
     static WindowTable& Instance()
     {
         static auto* const table = new WindowTable;
@@ -53,10 +42,11 @@ public:
     HWND Add(const WindowPointer& window)
     {
         const std::lock_guard guard(m_lock);
+        const auto handle = reinterpret_cast<HWND>(m_last + kHandleStep);
+        m_windows.emplace(handle, window);
         m_last += kHandleStep;
-        window->handle = reinterpret_cast<HWND>(m_last);
-        m_windows.emplace(window->handle, window);
-        return window->handle;
+        window->handle = handle;
+        return handle;
     }
 
     WindowPointer Find(HWND handle)
@@ -72,6 +62,12 @@ public:
         m_windows.erase(handle);
     }
 
+    void RemoveAllOf(const Thread* owner)
+    {
+        const std::lock_guard guard(m_lock);
+        std::erase_if(m_windows, [=](const auto& entry) { return entry.second->owner == owner; });
+    }
+
 private:
     static constexpr std::uintptr_t kHandleStep = 4;
 
@@ -80,24 +76,33 @@ private:
     std::uintptr_t m_last = 0;
 };
 
-WindowPointer Find(HWND handle)
+// Threads
+
+/// A thread that ends takes its windows along, without a message.
+void AtThreadEnd(void* pointer)
 {
-    return WindowTable::Instance().Find(handle);
+    const std::unique_ptr<Thread> thread(static_cast<Thread*>(pointer));
+    WindowTable::Instance().RemoveAllOf(thread.get());
 }
 
-thread_local HWND focusedWindow = nullptr;
+/// Lives from the library's loading to its unloading.
+struct Lifetime {
+    Lifetime() { zelrt::OpenThreadSlot(&AtThreadEnd); }
+    ~Lifetime()
+    {
+        Thread* const thread = ThisThread();
+        zelrt::CloseThreadSlot();
+        if (thread != nullptr)
+            AtThreadEnd(thread);
+    }
+};
+const Lifetime lifetime;
 
-constexpr WPARAM Command(LONG_PTR id, UINT notification)
+Thread* MakeThisThread()
 {
-    return (static_cast<WPARAM>(notification & 0xFFFFU) << 16) |
-           (static_cast<WPARAM>(id) & 0xFFFFU);
-}
-
-/// Whoever is told may destroy the window, so this comes last.
-void TellParent(const Window& window, UINT notification)
-{
-    SendMessageA(window.parent, WM_COMMAND, Command(window.id, notification),
-                 reinterpret_cast<LPARAM>(window.handle));
+    if (ThisThread() == nullptr)
+        zelrt::SetThreadPointer(new Thread);
+    return ThisThread();
 }
 
 // Texts of every window
@@ -110,153 +115,6 @@ LRESULT CopyText(const Window& window, char* buffer, std::size_t size)
     std::memcpy(buffer, window.text.data(), length);
     buffer[length] = '\0';
     return static_cast<LRESULT>(length);
-}
-
-// Edit controls
-
-void Select(Window& edit, LONG_PTR from, LONG_PTR to)
-{
-    const auto length = static_cast<LONG_PTR>(edit.text.size());
-    if (from < 0) { // nothing selected any more
-        edit.selectionStart = edit.selectionEnd;
-        return;
-    }
-    const LONG_PTR start = std::min(from, length);
-    const LONG_PTR end = to < 0 ? length : std::min(to, length);
-    edit.selectionStart = static_cast<std::size_t>(std::min(start, end));
-    edit.selectionEnd = static_cast<std::size_t>(std::max(start, end));
-}
-
-LRESULT TellSelection(const Window& edit, DWORD* from, DWORD* to)
-{
-    const auto start = static_cast<DWORD>(edit.selectionStart);
-    const auto end = static_cast<DWORD>(edit.selectionEnd);
-    if (from != nullptr)
-        *from = start;
-    if (to != nullptr)
-        *to = end;
-    constexpr DWORD kMostInWord = 0xFFFF;
-    if (start > kMostInWord || end > kMostInWord)
-        return -1;
-    return static_cast<LRESULT>((end << 16) | start);
-}
-
-void ReplaceSelection(Window& edit, std::string_view text)
-{
-    edit.text.replace(edit.selectionStart, edit.selectionEnd - edit.selectionStart, text);
-    edit.selectionStart += text.size();
-    edit.selectionEnd = edit.selectionStart;
-    TellParent(edit, EN_CHANGE);
-}
-
-void Type(Window& edit, WPARAM character)
-{
-    if ((edit.style & ES_READONLY) != 0)
-        return;
-    const std::size_t selected = edit.selectionEnd - edit.selectionStart;
-    if (character == kBackspace) {
-        if (selected == 0 && edit.selectionStart == 0)
-            return;
-        if (selected == 0)
-            --edit.selectionStart;
-        ReplaceSelection(edit, {});
-    } else if (character >= kFirstPrintable && character != kDelete &&
-               edit.text.size() - selected < edit.limit) {
-        const char typed = static_cast<char>(character);
-        ReplaceSelection(edit, {&typed, 1});
-    }
-}
-
-LRESULT CALLBACK EditProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    const WindowPointer edit = Find(handle);
-    if (edit == nullptr)
-        return 0;
-    switch (message) {
-    case WM_SETTEXT:
-        DefWindowProcA(handle, message, wParam, lParam);
-        Select(*edit, 0, 0);
-        TellParent(*edit, EN_CHANGE);
-        return TRUE;
-    case WM_CHAR:
-        Type(*edit, wParam);
-        return 0;
-    case WM_SETFOCUS:
-        TellParent(*edit, EN_SETFOCUS);
-        return 0;
-    case WM_KILLFOCUS:
-        TellParent(*edit, EN_KILLFOCUS);
-        return 0;
-    case EM_GETSEL:
-        return TellSelection(*edit, reinterpret_cast<DWORD*>(wParam),
-                             reinterpret_cast<DWORD*>(lParam));
-    case EM_SETSEL:
-        Select(*edit, static_cast<LONG_PTR>(wParam), lParam);
-        return 0;
-    case EM_LIMITTEXT:
-        edit->limit = wParam == 0 ? kUnlimited : wParam;
-        return 0;
-    case EM_GETLIMITTEXT:
-        return static_cast<LRESULT>(edit->limit);
-    case EM_SETREADONLY:
-        edit->style = wParam != 0 ? edit->style | ES_READONLY : edit->style & ~ES_READONLY;
-        return TRUE;
-    default:
-        return DefWindowProcA(handle, message, wParam, lParam);
-    }
-}
-
-// Buttons
-
-struct ButtonKind {
-    DWORD style;
-    int states; ///< 0 for a push button
-    bool automatic;
-};
-
-ButtonKind KindOf(const Window& button)
-{
-    static constexpr std::array<ButtonKind, 4> kBoxes = {{{BS_CHECKBOX, 2, false},
-                                                          {BS_AUTOCHECKBOX, 2, true},
-                                                          {BS_3STATE, 3, false},
-                                                          {BS_AUTO3STATE, 3, true}}};
-    constexpr DWORD kTypeMask = 0xF;
-    for (const ButtonKind& kind : kBoxes) {
-        if ((button.style & kTypeMask) == kind.style)
-            return kind;
-    }
-    return {BS_PUSHBUTTON, 0, false};
-}
-
-void Click(Window& button)
-{
-    if ((button.style & WS_DISABLED) != 0)
-        return;
-    SetFocus(button.handle);
-    const ButtonKind kind = KindOf(button);
-    if (kind.automatic)
-        button.checked = (button.checked + 1) % kind.states;
-    TellParent(button, BN_CLICKED);
-}
-
-LRESULT CALLBACK ButtonProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    const WindowPointer button = Find(handle);
-    if (button == nullptr)
-        return 0;
-    switch (message) {
-    case BM_GETCHECK:
-        return button->checked;
-    case BM_SETCHECK:
-        if (const int states = KindOf(*button).states; states != 0)
-            button->checked = static_cast<int>(std::min<WPARAM>(wParam, states - 1U));
-        return 0;
-    case BM_CLICK:
-        Click(*button);
-        return 0;
-    default:
-        return DefWindowProcA(handle, message, wParam, lParam);
-    }
 }
 
 // Making windows
@@ -273,8 +131,8 @@ WNDPROC ProcedureOf(std::string_view className)
         std::string_view name;
         WNDPROC procedure;
     };
-    static constexpr std::array<Class, 4> kClasses = {{{"edit", &EditProcedure},
-                                                       {"button", &ButtonProcedure},
+    static constexpr std::array<Class, 4> kClasses = {{{"edit", &zelfw::EditProcedure},
+                                                       {"button", &zelfw::ButtonProcedure},
                                                        {"static", &DefWindowProcA},
                                                        {"#32770", &DefWindowProcA}}};
     for (const Class& known : kClasses) {
@@ -285,19 +143,78 @@ WNDPROC ProcedureOf(std::string_view className)
     return nullptr;
 }
 
-void Destroy(const WindowPointer& window)
+// Destroying windows
+
+/// The first child that was made after `before`.
+WindowPointer NextChild(const Window& window, HWND before)
 {
-    SendMessageA(window->handle, WM_DESTROY, 0, 0);
-    while (!window->children.empty())
-        DestroyWindow(window->children.back());
-    if (focusedWindow == window->handle)
-        focusedWindow = nullptr;
-    if (const WindowPointer parent = Find(window->parent))
-        std::erase(parent->children, window->handle);
-    WindowTable::Instance().Remove(window->handle);
+    const auto next =
+        std::upper_bound(window.children.begin(), window.children.end(), before, std::less<>());
+    return next != window.children.end() ? Find(*next) : nullptr;
+}
+
+/// Tells the window and then all in it, which are still there meanwhile. Whoever is told may
+/// destroy some of them, the window itself too.
+void TellOfEnd(Window& window)
+{
+    window.toldOfEnd = true;
+    SendMessageA(window.handle, WM_DESTROY, 0, 0);
+    HWND last = nullptr;
+    while (const WindowPointer child = NextChild(window, last)) {
+        last = child->handle;
+        if (!child->toldOfEnd)
+            TellOfEnd(*child);
+    }
+}
+
+/// Removes the window with all in it, without a message.
+void Remove(Window& window)
+{
+    for (auto* const handle : window.children) {
+        if (const WindowPointer child = Find(handle)) {
+            child->parent = nullptr;
+            Remove(*child);
+        }
+    }
+    window.children.clear();
+    if (const WindowPointer parent = Find(window.parent))
+        std::erase(parent->children, window.handle);
+    if (GetFocus() == window.handle)
+        ThisThread()->focused = nullptr;
+    WindowTable::Instance().Remove(window.handle);
+}
+
+/// Removes the window when the block is left, also by an exception.
+class Removal {
+public:
+    explicit Removal(Window& window) : m_window(window) {}
+    ~Removal() { Remove(m_window); }
+    Removal(const Removal&) = delete;
+    Removal& operator=(const Removal&) = delete;
+
+private:
+    Window& m_window;
+};
+
+/// Whether the window and all it lies in are there and enabled.
+bool TakesInput(HWND handle)
+{
+    while (handle != nullptr) {
+        const WindowPointer window = Find(handle);
+        if (window == nullptr || (window->style & WS_DISABLED) != 0)
+            return false;
+        handle = window->parent;
+    }
+    return true;
 }
 
 } // namespace
+
+WindowPointer zelfw::Find(HWND handle)
+{
+    WindowPointer found = WindowTable::Instance().Find(handle);
+    return found != nullptr && found->owner == ThisThread() ? found : nullptr;
+}
 
 HWND CreateWindowExA(DWORD, LPCSTR className, LPCSTR text, DWORD style, int, int, int, int,
                      HWND parent, HMENU menu, HINSTANCE, LPVOID)
@@ -305,37 +222,42 @@ HWND CreateWindowExA(DWORD, LPCSTR className, LPCSTR text, DWORD style, int, int
     const WNDPROC procedure = className != nullptr ? ProcedureOf(className) : nullptr;
     const WindowPointer above = Find(parent);
     const bool isChild = (style & WS_CHILD) != 0;
-    if (procedure == nullptr || (isChild && above == nullptr))
+    const bool isPlaced = above != nullptr ? !above->toldOfEnd : parent == nullptr && !isChild;
+    if (procedure == nullptr || !isPlaced)
         return nullptr;
 
-    const auto window = std::make_shared<Window>();
-    window->style = style;
-    window->procedure = procedure;
-    if (text != nullptr)
-        window->text = text;
-    if (isChild) {
-        window->parent = parent;
-        window->id = reinterpret_cast<LONG_PTR>(menu);
-        above->children.push_back(nullptr); // no failure any more once the window is in the table
-    }
-    const HWND handle = WindowTable::Instance().Add(window);
-    if (isChild)
-        above->children.back() = handle;
+    HWND handle = nullptr;
+    HasMemoryFor([&] {
+        const auto window = std::make_shared<Window>();
+        window->owner = MakeThisThread();
+        window->style = style;
+        window->procedure = procedure;
+        window->text = text != nullptr ? text : "";
+        if (isChild) {
+            window->parent = parent;
+            window->id = reinterpret_cast<LONG_PTR>(menu);
+            above->children.reserve(above->children.size() + 1);
+        }
+        handle = WindowTable::Instance().Add(window); // from here on nothing fails
+        if (isChild)
+            above->children.push_back(handle);
+    });
     return handle;
 }
 
 BOOL DestroyWindow(HWND window)
 {
     const WindowPointer found = Find(window);
-    if (found == nullptr)
+    if (found == nullptr || found->toldOfEnd)
         return FALSE;
-    Destroy(found);
+    const Removal removal(*found);
+    TellOfEnd(*found);
     return TRUE;
 }
 
 BOOL IsWindow(HWND window)
 {
-    return Find(window) != nullptr;
+    return WindowTable::Instance().Find(window) != nullptr;
 }
 
 HWND GetParent(HWND window)
@@ -349,7 +271,7 @@ HWND GetDlgItem(HWND dialog, int id)
     const WindowPointer found = Find(dialog);
     if (found == nullptr)
         return nullptr;
-    for (const HWND child : found->children) {
+    for (auto* const child : found->children) {
         if (GetDlgCtrlID(child) == id)
             return child;
     }
@@ -369,15 +291,16 @@ int GetWindowTextLengthA(HWND window)
 
 int GetWindowTextA(HWND window, LPSTR buffer, int size)
 {
-    if (size <= 0)
+    if (buffer == nullptr || size <= 0)
         return 0;
+    buffer[0] = '\0'; // for whoever answers nothing
     return static_cast<int>(SendMessageA(window, WM_GETTEXT, static_cast<WPARAM>(size),
                                          reinterpret_cast<LPARAM>(buffer)));
 }
 
 BOOL SetWindowTextA(HWND window, LPCSTR text)
 {
-    return SendMessageA(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text)) != 0;
+    return static_cast<BOOL>(SendMessageA(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text)));
 }
 
 BOOL EnableWindow(HWND window, BOOL enable)
@@ -388,7 +311,7 @@ BOOL EnableWindow(HWND window, BOOL enable)
     const bool wasDisabled = (found->style & WS_DISABLED) != 0;
     if (wasDisabled != !enable) {
         found->style ^= WS_DISABLED;
-        if (!enable && focusedWindow == window)
+        if (!enable && GetFocus() == window)
             SetFocus(nullptr);
         SendMessageA(window, WM_ENABLE, enable ? TRUE : FALSE, 0);
     }
@@ -403,20 +326,22 @@ BOOL IsWindowEnabled(HWND window)
 
 HWND SetFocus(HWND window)
 {
-    const HWND before = focusedWindow;
-    if (window != nullptr && !IsWindowEnabled(window))
+    auto* const before = GetFocus();
+    if (!TakesInput(window))
         return nullptr;
     if (window == before)
         return before;
-    focusedWindow = window;
+    ThisThread()->focused = window;
     SendMessageA(before, WM_KILLFOCUS, reinterpret_cast<WPARAM>(window), 0);
-    SendMessageA(window, WM_SETFOCUS, reinterpret_cast<WPARAM>(before), 0);
+    if (GetFocus() == window) // whoever was told may have moved it on
+        SendMessageA(window, WM_SETFOCUS, reinterpret_cast<WPARAM>(before), 0);
     return before;
 }
 
 HWND GetFocus()
 {
-    return focusedWindow;
+    const Thread* const thread = ThisThread();
+    return thread != nullptr ? thread->focused : nullptr;
 }
 
 LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
@@ -433,8 +358,7 @@ LRESULT DefWindowProcA(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
     switch (message) {
     case WM_SETTEXT: {
         const char* const text = reinterpret_cast<const char*>(lParam);
-        found->text = text != nullptr ? text : "";
-        return TRUE;
+        return HasMemoryFor([&] { found->text = text != nullptr ? text : ""; });
     }
     case WM_GETTEXT:
         return CopyText(*found, reinterpret_cast<char*>(lParam), wParam);

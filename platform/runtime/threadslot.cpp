@@ -4,44 +4,52 @@
 
 namespace zelrt {
 
+DWORD threadSlotIndices[kThreadSlots] = {TLS_OUT_OF_INDEXES, TLS_OUT_OF_INDEXES};
+
 namespace {
 
-DWORD endSlotIndex = FLS_OUT_OF_INDEXES;
-ThreadEndHandler endHandler = nullptr;
+/// What is told when a thread ends.
+struct ThreadEnd {
+    DWORD index = FLS_OUT_OF_INDEXES;
+    ThreadEndHandler handler = nullptr;
+};
 
+ThreadEnd threadEnds[kThreadSlots];
+
+template <unsigned Slot>
 void WINAPI AtThreadEnd(void* pointer)
 {
     if (pointer == nullptr)
         return;
-    TlsSetValue(threadSlotIndex, nullptr);
-    endHandler(pointer);
+    TlsSetValue(threadSlotIndices[Slot], nullptr);
+    threadEnds[Slot].handler(pointer);
 }
+
+constexpr PFLS_CALLBACK_FUNCTION kAtThreadEnd[kThreadSlots] = {&AtThreadEnd<0>, &AtThreadEnd<1>};
 
 } // namespace
 
-DWORD threadSlotIndex = TLS_OUT_OF_INDEXES;
-
-void OpenThreadSlot(ThreadEndHandler handler) noexcept
+void OpenThreadSlot(ThreadEndHandler handler, unsigned slot) noexcept
 {
-    endHandler = handler;
-    threadSlotIndex = TlsAlloc();
-    endSlotIndex = FlsAlloc(&AtThreadEnd);
+    threadEnds[slot].handler = handler;
+    threadSlotIndices[slot] = TlsAlloc();
+    threadEnds[slot].index = FlsAlloc(kAtThreadEnd[slot]);
 }
 
-void CloseThreadSlot() noexcept
+void CloseThreadSlot(unsigned slot) noexcept
 {
     // Freeing the slot calls the handler for every thread that still has a pointer; none of them
     // is to be handed back then.
-    endHandler = [](void*) {};
-    FlsFree(endSlotIndex);
-    TlsFree(threadSlotIndex);
-    threadSlotIndex = TLS_OUT_OF_INDEXES;
+    threadEnds[slot].handler = [](void*) {};
+    FlsFree(threadEnds[slot].index);
+    TlsFree(threadSlotIndices[slot]);
+    threadSlotIndices[slot] = TLS_OUT_OF_INDEXES;
 }
 
-void SetThreadPointer(void* pointer) noexcept
+void SetThreadPointer(void* pointer, unsigned slot) noexcept
 {
-    TlsSetValue(threadSlotIndex, pointer);
-    FlsSetValue(endSlotIndex, pointer);
+    TlsSetValue(threadSlotIndices[slot], pointer);
+    FlsSetValue(threadEnds[slot].index, pointer);
 }
 
 } // namespace zelrt
@@ -52,40 +60,49 @@ void SetThreadPointer(void* pointer) noexcept
 
 namespace zelrt {
 
-constinit thread_local void* threadSlotPointer = nullptr;
+constinit thread_local void* threadSlotPointers[kThreadSlots] = {};
 
 namespace {
 
-pthread_key_t endKey;
-bool hasEndKey = false;
-ThreadEndHandler endHandler = nullptr;
+/// What is told when a thread ends.
+struct ThreadEnd {
+    pthread_key_t key = 0;
+    bool hasKey = false;
+    ThreadEndHandler handler = nullptr;
+};
 
+ThreadEnd threadEnds[kThreadSlots];
+
+template <unsigned Slot>
 void AtThreadEnd(void* pointer)
 {
-    threadSlotPointer = nullptr;
-    endHandler(pointer);
+    threadSlotPointers[Slot] = nullptr;
+    threadEnds[Slot].handler(pointer);
 }
+
+constexpr ThreadEndHandler kAtThreadEnd[kThreadSlots] = {&AtThreadEnd<0>, &AtThreadEnd<1>};
 
 } // namespace
 
-void OpenThreadSlot(ThreadEndHandler handler) noexcept
+void OpenThreadSlot(ThreadEndHandler handler, unsigned slot) noexcept
 {
-    endHandler = handler;
-    hasEndKey = pthread_key_create(&endKey, &AtThreadEnd) == 0;
+    ThreadEnd& end = threadEnds[slot];
+    end.handler = handler;
+    end.hasKey = pthread_key_create(&end.key, kAtThreadEnd[slot]) == 0;
 }
 
-void CloseThreadSlot() noexcept
+void CloseThreadSlot(unsigned slot) noexcept
 {
-    if (hasEndKey)
-        pthread_key_delete(endKey);
-    threadSlotPointer = nullptr;
+    if (threadEnds[slot].hasKey)
+        pthread_key_delete(threadEnds[slot].key);
+    threadSlotPointers[slot] = nullptr;
 }
 
-void SetThreadPointer(void* pointer) noexcept
+void SetThreadPointer(void* pointer, unsigned slot) noexcept
 {
-    threadSlotPointer = pointer;
-    if (hasEndKey)
-        pthread_setspecific(endKey, pointer);
+    threadSlotPointers[slot] = pointer;
+    if (threadEnds[slot].hasKey)
+        pthread_setspecific(threadEnds[slot].key, pointer);
 }
 
 } // namespace zelrt

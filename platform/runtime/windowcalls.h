@@ -33,6 +33,9 @@ inline constexpr UINT BM_CLICK = 0x00F5;
 inline constexpr UINT EN_SETFOCUS = 0x0100;
 inline constexpr UINT EN_KILLFOCUS = 0x0200;
 inline constexpr UINT EN_CHANGE = 0x0300;
+inline constexpr UINT EN_UPDATE = 0x0400;
+inline constexpr UINT EN_ERRSPACE = 0x0500;
+inline constexpr UINT EN_MAXTEXT = 0x0501;
 inline constexpr UINT BN_CLICKED = 0;
 
 inline constexpr DWORD WS_CHILD = 0x40000000;

@@ -1,14 +1,16 @@
 #include "platform/runtime/system.h"
 
+#include "tests/support/oem_tables.h"
+
 #include <gtest/gtest.h>
 
 #include <cstring>
 #include <string>
 
-TEST(CodePageNumbers, AreThoseOfGermanSettings)
+TEST(CodePageNumbers, AreThoseOfTheSystemSettings)
 {
     EXPECT_EQ(zelrt::AnsiCodePage(), 1252U);
-    EXPECT_EQ(zelrt::OemCodePage(), 850U);
+    EXPECT_EQ(zelrt::OemCodePage(), zeltest::SystemOemPage());
 }
 
 TEST(ModuleFileName, IsTheProgramForAnAddressInIt)

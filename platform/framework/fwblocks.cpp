@@ -1,0 +1,156 @@
+#include "platform/framework/fwblocks.h"
+
+#include "platform/runtime/threadslot.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <new>
+
+namespace zelfw {
+
+#ifndef ZELDT_NO_POOL
+
+namespace {
+
+/// The sizes of blocks: those that malloc hands out anyway. Up to the largest one blocks are kept.
+constexpr std::size_t kSmallest = 24;
+constexpr std::size_t kStep = 16;
+constexpr std::size_t kKeptSizes = 4;
+
+/// Blocks of a size that a thread keeps at most.
+constexpr std::size_t kMostKept = 64;
+
+/// The thread slot; the first one belongs to the windows.
+constexpr unsigned kSlot = 1;
+
+constexpr std::size_t SizeIndex(std::size_t size)
+{
+    return (std::max(size, kSmallest) - kSmallest + kStep - 1) / kStep;
+}
+
+constexpr std::size_t BlockSize(std::size_t index)
+{
+    return kSmallest + index * kStep;
+}
+
+struct FreeBlock {
+    FreeBlock* next;
+};
+
+struct FreeList {
+    FreeBlock* first;
+    std::size_t count;
+};
+
+/// What a thread keeps.
+struct Cache {
+    FreeList lists[kKeptSizes];
+};
+
+constinit bool open = false;
+
+Cache* CacheOfThread() noexcept
+{
+#ifdef _WIN32
+    // Reading the slot resets the system's last error, which dropping a text must not do.
+    const DWORD error = GetLastError();
+    void* const cache = zelrt::GetThreadPointer(kSlot);
+    SetLastError(error);
+    return static_cast<Cache*>(cache);
+#else
+    return static_cast<Cache*>(zelrt::GetThreadPointer(kSlot));
+#endif
+}
+
+void FreeAll(void* pointer)
+{
+    auto* const cache = static_cast<Cache*>(pointer);
+    for (const FreeList& list : cache->lists) {
+        for (FreeBlock* block = list.first; block != nullptr;) {
+            FreeBlock* const next = block->next;
+            std::free(block);
+            block = next;
+        }
+    }
+    std::free(cache);
+}
+
+/// A thread's first block makes its cache.
+__attribute__((noinline)) Cache* MakeCache() noexcept
+{
+    if (!open)
+        return nullptr;
+    auto* const cache = static_cast<Cache*>(std::calloc(1, sizeof(Cache)));
+    if (cache != nullptr)
+        zelrt::SetThreadPointer(cache, kSlot);
+    return cache;
+}
+
+/// Opened before and closed after every other static object of the library.
+struct Lifetime {
+    Lifetime()
+    {
+        zelrt::OpenThreadSlot(&FreeAll, kSlot);
+        open = true;
+    }
+    ~Lifetime()
+    {
+        Cache* const cache = CacheOfThread();
+        open = false;
+        zelrt::CloseThreadSlot(kSlot);
+        if (cache != nullptr)
+            FreeAll(cache);
+    }
+};
+__attribute__((init_priority(101))) const Lifetime lifetime;
+
+} // namespace
+
+void* TakeBlock(std::size_t size) noexcept
+{
+    const std::size_t index = SizeIndex(size);
+    if (index < kKeptSizes) {
+        Cache* const cache = CacheOfThread();
+        if (cache != nullptr && cache->lists[index].first != nullptr) {
+            FreeList& list = cache->lists[index];
+            FreeBlock* const block = list.first;
+            list.first = block->next;
+            --list.count;
+            return block;
+        }
+    }
+    return std::malloc(BlockSize(index));
+}
+
+void ReturnBlock(void* block, std::size_t size) noexcept
+{
+    const std::size_t index = SizeIndex(size);
+    if (index < kKeptSizes) {
+        Cache* cache = CacheOfThread();
+        if (cache == nullptr)
+            cache = MakeCache();
+        if (cache != nullptr && cache->lists[index].count < kMostKept) {
+            FreeList& list = cache->lists[index];
+            list.first = new (block) FreeBlock{list.first};
+            ++list.count;
+            return;
+        }
+    }
+    std::free(block);
+}
+
+#else
+
+void* TakeBlock(std::size_t size) noexcept
+{
+    return std::malloc(size);
+}
+
+void ReturnBlock(void* block, std::size_t) noexcept
+{
+    std::free(block);
+}
+
+#endif
+
+} // namespace zelfw
