@@ -16,6 +16,7 @@ void AddDecimal96Jobs();
 void AddStringJobs();
 void AddQuotingJobs();
 void AddCodePageJobs();
+void AddFormatJobs();
 void AddArchiveJobs();
 
 } // namespace zelbench

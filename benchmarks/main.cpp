@@ -18,6 +18,7 @@ void AddAllJobs()
     zelbench::AddQuotingJobs();
     zelbench::AddSortOrderJobs();
     zelbench::AddCodePageJobs();
+    zelbench::AddFormatJobs();
     zelbench::AddArchiveJobs();
     zelbench::AddErrorJobs();
 }

@@ -259,6 +259,7 @@ public:
     // Display
 
     CString ConvToOFL(const ZelFormat* format) const override;
+    /// A year before 1753 that the value does not hold already: error 27 behind error 1.
     void SetFromOFL(const char* text, const ZelFormat* format) override;
 
     // External text

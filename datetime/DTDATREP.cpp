@@ -238,10 +238,12 @@ void ZelDtDateTime::SetFromOFL(const char* text, const ZelFormat* format)
         }
         std::tm record = zeldt::RecordOf(m_pImp->fields);
         zeldt::ChooseFormat(format, GetFormat(), DefaultFormat())
-            .ParseDateTime(text, ScopeOf(*this), &record);
+            .ParseDateTime(zeldt::TextArgument(text), ScopeOf(*this), &record);
         ZelDtDateTime_Imp read;
         read.fields = zeldt::FieldsOf(record);
-        read.CheckYear(zeldt::InsideDateTime(kSetFromOFL.signature));
+        // A year that an archive brought is not set anew.
+        if (read.fields.year != m_pImp->fields.year)
+            read.CheckYear(zeldt::InsideDateTime(kSetFromOFL.signature));
         Access::Replace(*this, read.fields);
         SetDefined(1);
     });

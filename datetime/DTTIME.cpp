@@ -424,7 +424,7 @@ void ZelDtTime::SetFromOFL(const char* text, const ZelFormat* format)
         ZelDtTime_Imp content = *m_pImp;
         auto mode = static_cast<ZelFormat::FormatZeitArt>(content.mode);
         zeldt::ChooseFormat(format, GetFormat(), zeldt::TimeRules::DefaultFormat())
-            .ParseTime(text, &content.value, &mode);
+            .ParseTime(zeldt::TextArgument(text), &content.value, &mode);
         content.mode = content.ModeOr(static_cast<TimeMode>(mode));
         Store(*this, content);
     });

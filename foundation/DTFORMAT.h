@@ -2,8 +2,12 @@
 #define ZELDT_FOUNDATION_DTFORMAT_H
 
 #include "platform/formats/ZelFormat.h"
+#include "platform/framework/fwargument.h"
 
 namespace zeldt {
+
+/// What a displayed text is passed to a format as.
+using zelfw::TextArgument;
 
 /// The format for a display conversion: the one passed to the call, else the value's own, else the
 /// default of its class.

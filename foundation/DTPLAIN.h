@@ -104,7 +104,7 @@ public:
                 return;
             }
             Number number = Of(a);
-            (Chosen(a, format).*Rules::kParse)(text, &number);
+            (Chosen(a, format).*Rules::kParse)(TextArgument(text), &number);
             Store(a, number);
         });
     }

@@ -69,18 +69,19 @@ RWDecimalFormat MadeSqlFormat()
     return format;
 }
 
-RWDecimalFormat MadeDisplayFormat()
+/// Passes the number to the format as a text: plain digits and as many decimals as it has.
+void Show(const RWDecimal96& number, const ZelFormat& format, CString& shown)
 {
-    RWDecimalFormat format;
-    format.setDecimalSeperator('.');
-    format.setRoundMethod(RWDecimalBase::RoundTowardZero);
-    format.setShowDecimalPoint(true);
-    format.setAllDecimals(true);
-    return format;
+    char text[RWDecimal96::kTextRoom];
+    static_assert(sizeof text <= zeldt::TextArgument::kRoom);
+    const std::size_t length = number.print(text, sizeof text);
+    if (length < sizeof text)
+        format.FormatString(zeldt::TextArgument(text, length), ZelFormat::ZelFoZahlText, shown);
+    else // only archives bring such a number
+        format.FormatString(toString(number).data(), ZelFormat::ZelFoZahlText, shown);
 }
 
 const RWDecimalFormat sqlFormat = MadeSqlFormat();
-const RWDecimalFormat displayFormat = MadeDisplayFormat();
 
 const ZelFormat& DefaultFormat()
 {
@@ -329,8 +330,7 @@ CString ZelDtDecimal::ConvToOFL(const ZelFormat* format) const
     return Guarded(kConvToOFL, [&] {
         CString shown;
         if (IsDefined())
-            zeldt::ChooseFormat(format, GetFormat(), DefaultFormat())
-                .FormatString(displayFormat(*m_pImp).data(), ZelFormat::ZelFoZahlText, shown);
+            Show(*m_pImp, zeldt::ChooseFormat(format, GetFormat(), DefaultFormat()), shown);
         return shown;
     });
 }
@@ -344,7 +344,7 @@ void ZelDtDecimal::SetFromOFL(const char* text, const ZelFormat* format)
         }
         CString number;
         zeldt::ChooseFormat(format, GetFormat(), DefaultFormat())
-            .ParseString(text, ZelFormat::ZelFoZahlText, &number);
+            .ParseString(zeldt::TextArgument(text), ZelFormat::ZelFoZahlText, &number);
         Access::Replace(*this, ZelDtDecimal_Imp::ConvAsciiToRW96(ViewOf(number)));
     });
 }

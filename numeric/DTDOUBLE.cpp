@@ -281,7 +281,8 @@ void ZelDtDouble::SetFromOFL(const char* text, const ZelFormat* format)
             return;
         }
         double number = m_pImp->value;
-        zeldt::ChooseFormat(format, GetFormat(), DefaultFormat()).ParseDouble(text, &number);
+        zeldt::ChooseFormat(format, GetFormat(), DefaultFormat())
+            .ParseDouble(zeldt::TextArgument(text), &number);
         *this = number;
     });
 }

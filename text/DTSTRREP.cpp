@@ -112,7 +112,7 @@ void ZelDtString::SetFromOFL(const char* text, const ZelFormat* format)
         }
         CString read;
         zeldt::ChooseFormat(format, GetFormat(), DefaultFormat())
-            .ParseString(text, ZelFormat::ZelFoReinerText, &read);
+            .ParseString(zeldt::TextArgument(text), ZelFormat::ZelFoReinerText, &read);
         AssignText(kSetFromOFL, ViewOf(read));
     });
 }

@@ -11,18 +11,6 @@ namespace {
 using zeldt::DateTimeFields;
 using zeldt::ExternNumbers;
 
-constexpr std::array<char, 200> MadeDigitPairs()
-{
-    std::array<char, 200> pairs{};
-    for (std::size_t number = 0; number < 100; ++number) {
-        pairs[2 * number] = static_cast<char>('0' + number / 10);
-        pairs[2 * number + 1] = static_cast<char>('0' + number % 10);
-    }
-    return pairs;
-}
-
-constexpr std::array<char, 200> kDigitPairs = MadeDigitPairs();
-
 constexpr bool HasTwoDigits(std::int64_t number)
 {
     return number >= 0 && number <= 99;
@@ -56,8 +44,7 @@ public:
 
     Writer& Two(std::int64_t number)
     {
-        std::memcpy(m_end, &kDigitPairs[2 * static_cast<std::size_t>(number)], 2);
-        m_end += 2;
+        m_end = zelrt::WriteTwoDigits(static_cast<std::size_t>(number), m_end);
         return *this;
     }
 

@@ -31,10 +31,15 @@ constexpr char kParseString[] = "ParseString(CString&,FormatTextArt,CString*)";
 constexpr char kParseLong[] = "ParseLong(CString&,LONG*)";
 constexpr char kParseShort[] = "ParseShort(CString&,SHORT*)";
 
+[[noreturn]] void Throw(Status status, const char* signature)
+{
+    throw new ZelFormatExcep(kModule, kClass, signature, static_cast<unsigned long>(status));
+}
+
 void Check(Status status, const char* signature)
 {
     if (status != Status::Ok)
-        throw new ZelFormatExcep(kModule, kClass, signature, static_cast<unsigned long>(status));
+        Throw(status, signature);
 }
 
 std::string_view ViewOf(const CString& text)
@@ -42,18 +47,18 @@ std::string_view ViewOf(const CString& text)
     return {text.GetString(), static_cast<std::size_t>(text.GetLength())};
 }
 
-CString ToCString(std::string_view text)
+void SetText(CString& target, std::string_view text)
 {
-    return CString(text.data(), static_cast<int>(text.size()));
+    target.SetString(text.data(), static_cast<int>(text.size()));
 }
 
-/// `show(std::string&)` gives a status and, when that is Ok, the text.
+/// `show(TextBuffer&)` gives a status and, when that is Ok, the text.
 template <class Show>
 void Deliver(const char* signature, CString& text, Show show)
 {
-    std::string shown;
+    TextBuffer shown;
     Check(show(shown), signature);
-    text = ToCString(shown);
+    SetText(text, shown.View());
 }
 
 const NumberRules* NumberRulesFor(const Rules& rules)
@@ -95,7 +100,7 @@ bool IsTimeMode(ZelFormat::FormatZeitArt mode)
     return mode >= ZelFormat::ZelFoZeitHundertstel && mode <= ZelFormat::ZelFoZeitEigene;
 }
 
-Status ShowInteger(std::int32_t value, const Rules& rules, std::string& text)
+Status ShowInteger(std::int32_t value, const Rules& rules, TextBuffer& text)
 {
     const NumberRules* const number = NumberRulesFor(rules);
     return number != nullptr ? ShowInteger(value, *number, text) : Status::NotAllowed;
@@ -116,7 +121,7 @@ void ReadInteger(const CString& text, const Rules& rules, const char* signature,
 }
 
 Status ShowString(std::string_view value, ZelFormat::FormatTextArt kind, const Rules& rules,
-                  std::string& text)
+                  TextBuffer& text)
 {
     if (kind == ZelFormat::ZelFoZahlText) {
         const NumberRules* const number = NumberRulesFor(rules);
@@ -128,7 +133,7 @@ Status ShowString(std::string_view value, ZelFormat::FormatTextArt kind, const R
 }
 
 Status ReadString(std::string_view text, ZelFormat::FormatTextArt kind, const Rules& rules,
-                  std::string& value)
+                  TextBuffer& value)
 {
     if (kind == ZelFormat::ZelFoZahlText) {
         const NumberRules* const number = NumberRulesFor(rules);
@@ -151,7 +156,7 @@ ZelFormat::FormatZeitArt ZelFormat::GetZeitArt() const
 
 void ZelFormat::FormatTime(std::int32_t units, FormatZeitArt mode, CString& text) const
 {
-    Deliver(kFormatTime, text, [&](std::string& shown) {
+    Deliver(kFormatTime, text, [&](TextBuffer& shown) {
         const TimeRules* const rules = TimeRulesFor(m_rules);
         if (rules == nullptr || !IsTimeMode(mode))
             return Status::NotAllowed;
@@ -161,7 +166,7 @@ void ZelFormat::FormatTime(std::int32_t units, FormatZeitArt mode, CString& text
 
 void ZelFormat::FormatDateTime(const std::tm& value, FormatDatumUmfang scope, CString& text) const
 {
-    Deliver(kFormatDateTime, text, [&](std::string& shown) {
+    Deliver(kFormatDateTime, text, [&](TextBuffer& shown) {
         DateScope dateScope{};
         const bool known = ScopeOf(scope, dateScope);
         const DateRules* const rules = DateRulesFor(m_rules, dateScope);
@@ -171,7 +176,7 @@ void ZelFormat::FormatDateTime(const std::tm& value, FormatDatumUmfang scope, CS
 
 void ZelFormat::FormatDouble(double value, CString& text) const
 {
-    Deliver(kFormatDouble, text, [&](std::string& shown) {
+    Deliver(kFormatDouble, text, [&](TextBuffer& shown) {
         if (const auto* mode = std::get_if<ModeRules>(&m_rules))
             return ShowShortestDouble(value, NumberRulesOfMode(*mode).decimalPoint, shown);
         const auto* rules = std::get_if<NumberRules>(&m_rules);
@@ -181,7 +186,7 @@ void ZelFormat::FormatDouble(double value, CString& text) const
 
 void ZelFormat::FormatChar(char value, CString& text) const
 {
-    Deliver(kFormatChar, text, [&](std::string& shown) {
+    Deliver(kFormatChar, text, [&](TextBuffer& shown) {
         return ShowString({&value, 1}, ZelFoReinerText, m_rules, shown);
     });
 }
@@ -190,25 +195,25 @@ void ZelFormat::FormatBool(BOOL value, CString& text) const
 {
     const auto* const mode = std::get_if<ModeRules>(&m_rules);
     Check(mode != nullptr ? Status::Ok : Status::NotAllowed, kFormatBool);
-    text = ToCString(BoolText(value != 0, *mode));
+    SetText(text, BoolText(value != 0, *mode));
 }
 
 void ZelFormat::FormatString(const CString& value, FormatTextArt kind, CString& text) const
 {
     Deliver(kFormatString, text,
-            [&](std::string& shown) { return ShowString(ViewOf(value), kind, m_rules, shown); });
+            [&](TextBuffer& shown) { return ShowString(ViewOf(value), kind, m_rules, shown); });
 }
 
 void ZelFormat::FormatLong(std::int32_t value, CString& text) const
 {
     Deliver(kFormatLong, text,
-            [&](std::string& shown) { return ShowInteger(value, m_rules, shown); });
+            [&](TextBuffer& shown) { return ShowInteger(value, m_rules, shown); });
 }
 
 void ZelFormat::FormatShort(std::int16_t value, CString& text) const
 {
     Deliver(kFormatShort, text,
-            [&](std::string& shown) { return ShowInteger(value, m_rules, shown); });
+            [&](TextBuffer& shown) { return ShowInteger(value, m_rules, shown); });
 }
 
 void ZelFormat::ParseTime(const CString& text, std::int32_t* units, FormatZeitArt* mode) const
@@ -249,11 +254,11 @@ void ZelFormat::ParseDouble(const CString& text, double* value) const
 
 void ZelFormat::ParseChar(const CString& text, char* value) const
 {
-    std::string read;
+    TextBuffer read;
     Check(ReadString(ViewOf(text), ZelFoReinerText, m_rules, read), kParseChar);
-    Check(read.size() == 1 ? Status::Ok : Status::TooLong, kParseChar);
+    Check(read.View().size() == 1 ? Status::Ok : Status::TooLong, kParseChar);
     if (value != nullptr)
-        *value = read[0];
+        *value = read.View()[0];
 }
 
 void ZelFormat::ParseBool(const CString& text, BOOL* value) const
@@ -267,10 +272,10 @@ void ZelFormat::ParseBool(const CString& text, BOOL* value) const
 
 void ZelFormat::ParseString(const CString& text, FormatTextArt kind, CString* value) const
 {
-    std::string read;
+    TextBuffer read;
     Check(ReadString(ViewOf(text), kind, m_rules, read), kParseString);
     if (value != nullptr)
-        *value = ToCString(read);
+        SetText(*value, read.View());
 }
 
 void ZelFormat::ParseLong(const CString& text, std::int32_t* value) const

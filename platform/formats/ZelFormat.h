@@ -34,13 +34,15 @@
 /// Failures throw a ZelFormatExcep* (the receiver deletes it) of module "ZELFORMT" and class
 /// "ZelFormat"; the target, text or value, is then unchanged:
 ///
-/// - 8: a number beyond its type, NaN and infinities, a date that the calendar does not have, a
-///   time beyond 23:59:59, 60 minutes, more than 1789568 hours;
+/// - 8: a number beyond its type or too small for it, NaN and infinities, a date that the calendar
+///   does not have, a time beyond 23:59:59, 60 minutes, more than 1789568 hours;
 /// - 11: a character's text is not one byte; a string is longer than the text format allows; a
-///   typed number is longer than the places of the format, a number as text longer than 38 bytes;
+///   typed number would be shown longer than the places of the format; a number as text is longer
+///   than 38 bytes without sign, needless zeros and groups;
 /// - 20: the constructor was given something unknown (noticed at the first use, construction never
 ///   fails); the kind of the format does not serve the type; a negative number without sign place;
-///   a number to be shown that needs more characters than there are places;
+///   a number to be shown that needs more characters than there are places, or has decimals where
+///   all are to be shown without separator;
 /// - 21: anything else that a typed text does wrong; a byte outside the mask of a text format.
 ///
 ///     const ZelFormat money(0, 2, ZelFormat::ZelFoDezimalKomma, ZelFormat::ZelFoTausenderPunkt,
@@ -116,14 +118,17 @@ public:
     /// Numeric format, for fixed notation without exponents.
     ///
     /// `places`: most characters, sign and separators included; 0: no limit. `decimals`: always
-    /// shown, at most 1024; no text with more of them is read. Without decimal separator they
-    /// follow the integer part directly, also when read. Groups are accepted whether shown or not;
-    /// a format that shows none accepts points, unless the point separates its decimals.
-    /// A sign is accepted in front and behind wherever there is a sign place. A zero has no sign.
+    /// shown, at most 1024; no text with more of them is read, and those typed for a long or short
+    /// must be zeros (all decimals of these are none). Without decimal separator they follow the
+    /// integer part directly, also when read. Groups are accepted whether shown or not, the first
+    /// one without zeros in front but fill (0.125 is no number); a format that shows none accepts
+    /// points, unless the point separates its decimals. A sign is accepted in front and behind
+    /// wherever there is a sign place. A zero has no sign.
     ///
     /// `fillLeft` (not 0: on) fills up to the places with `leftChar`, zeros behind the sign,
     /// anything else before it. `fillRight` (not 0: on) puts `rightChar` in place of the decimals
-    /// that the number itself lacks; otherwise these are zeros.
+    /// that the number itself lacks; otherwise these are zeros. Either may be typed any number of
+    /// times on its side; with right fill the decimal separator may end the number.
     ///
     /// Not valid besides unknown numbers: the same character as both separators, more than 1024
     /// places, a fill character that is a digit other than 0, a sign or NUL, a right fill
@@ -148,7 +153,7 @@ public:
 
     /// Text format. `most`: most bytes; 0: any number. `mask`: allowed classes of bytes. `fill`
     /// fills a shown text up to `most` on that side and drops the fill characters there from a
-    /// typed one; they need not be in the mask.
+    /// typed one; they need not be in the mask, but not be NUL.
     ZelFormat(unsigned long most, unsigned long mask, FormatAuffuellen fill, char fillChar);
 
     /// Every type in a fixed way.
@@ -199,8 +204,8 @@ public:
     /// The target must hold a value: what the format does not show stays (the time of day with a
     /// format for dates, the date with one for times of day). Week day and day of the year become
     /// 0, the daylight flag -1. Two digits of a year are those of the current century.
-    /// A missing time is midnight. A date alone may be typed without separators (DDMMYYYY, DDMMYY),
-    /// and in the modes with a time of day.
+    /// A missing time is midnight, missing seconds are 0. A date alone may be typed without
+    /// separators (DDMMYYYY, DDMMYY), and in the modes with a time of day.
     virtual void ParseDateTime(const CString& text, FormatDatumUmfang scope, std::tm* value) const;
     virtual void ParseDouble(const CString& text, double* value) const;
     virtual void ParseChar(const CString& text, char* value) const;

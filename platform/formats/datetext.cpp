@@ -1,7 +1,9 @@
 #include "platform/formats/datetext.h"
 
-#include "platform/formats/numbertext.h"
+#include "platform/formats/numberscan.h"
 #include "platform/runtime/ansi.h"
+#include "platform/runtime/digits.h"
+#include "platform/runtime/localtime.h"
 
 #include <algorithm>
 #include <chrono>
@@ -30,6 +32,7 @@ constexpr std::string_view kMonthNames[12] = {"Januar",    "Februar", "M\xE4rz",
 
 constexpr std::size_t kShortNameLength = 3;
 constexpr int kTmBaseYear = 1900;
+constexpr std::ptrdiff_t kMostYearDigits = 5;
 
 bool HasDate(DateParts parts)
 {
@@ -59,7 +62,8 @@ bool IsMidnight(const std::tm& value)
 
 bool IsDateOfCalendar(long long year, int month, int day)
 {
-    if (year < 0 || year > kLatestYear || month < 1 || day < 1)
+    // Beyond these limits the calendar types would cut the numbers.
+    if (year < 0 || year > kLatestYear || month < 1 || month > 12 || day < 1 || day > 31)
         return false;
     return std::chrono::year_month_day(std::chrono::year(static_cast<int>(year)),
                                        std::chrono::month(static_cast<unsigned>(month)),
@@ -78,51 +82,66 @@ long long YearOf(const std::tm& value)
     return static_cast<long long>(value.tm_year) + kTmBaseYear;
 }
 
-void AppendPadded(std::string& text, int number, std::size_t width, char fill)
+/// No shown date with its time is longer.
+constexpr std::size_t kDateRoom = 32;
+
+/// `number` is below 100.
+char* PutFilled(int number, Fill fill, char* out)
 {
-    const std::string digits = std::to_string(number);
-    text.append(width > digits.size() ? width - digits.size() : 0, fill);
-    text += digits;
+    if (number >= 10 || (fill.on && fill.with == '0'))
+        return zelrt::WriteTwoDigits(static_cast<unsigned>(number), out);
+    if (fill.on)
+        *out++ = fill.with;
+    *out++ = static_cast<char>('0' + number);
+    return out;
 }
 
-void AppendFilled(std::string& text, int number, Fill fill)
+char* PutTwoDigits(int number, char* out)
 {
-    AppendPadded(text, number, fill.on ? 2 : 0, fill.with);
+    return zelrt::WriteTwoDigits(static_cast<unsigned>(number), out);
 }
 
-void AppendDate(std::string& text, const std::tm& value, const DateRules& rules)
+char* PutYear(int year, bool twoDigits, char* out)
 {
-    const bool named = rules.month != MonthStyle::Number;
-    const bool fixedColumns = rules.separator == '\0' && !named;
-    const Fill fill = fixedColumns ? Fill{true, '0'} : rules.twoDigits;
-    const auto appendSeparator = [&text, &rules] {
+    if (twoDigits)
+        return PutTwoDigits(year % 100, out);
+    if (year > 9999)
+        return zelrt::WriteDigits(static_cast<std::uint32_t>(year), out);
+    return PutTwoDigits(year % 100, PutTwoDigits(year / 100, out));
+}
+
+char* PutDate(const std::tm& value, const DateRules& rules, char* out)
+{
+    const Fill fill = rules.separator == '\0' ? Fill{true, '0'} : rules.twoDigits;
+    const auto putSeparator = [&out, &rules] {
         if (rules.separator != '\0')
-            text += rules.separator;
+            *out++ = rules.separator;
     };
 
-    AppendFilled(text, value.tm_mday, fill);
-    appendSeparator();
-    if (named) {
-        const std::string_view name = kMonthNames[value.tm_mon];
-        text += rules.month == MonthStyle::ShortName ? name.substr(0, kShortNameLength) : name;
+    out = PutFilled(value.tm_mday, fill, out);
+    putSeparator();
+    if (rules.month == MonthStyle::Number) {
+        out = PutFilled(value.tm_mon + 1, fill, out);
     } else {
-        AppendFilled(text, value.tm_mon + 1, fill);
+        const std::string_view name = kMonthNames[value.tm_mon];
+        out = Put(rules.month == MonthStyle::ShortName ? name.substr(0, kShortNameLength) : name,
+                  out);
     }
-    appendSeparator();
-    const int year = static_cast<int>(YearOf(value));
-    AppendPadded(text, rules.twoDigitYear ? year % 100 : year, rules.twoDigitYear ? 2 : 4, '0');
+    putSeparator();
+    return PutYear(static_cast<int>(YearOf(value)), rules.twoDigitYear, out);
 }
 
-void AppendTime(std::string& text, const std::tm& value, const DateRules& rules)
+char* PutTime(const std::tm& value, const DateRules& rules, char* out)
 {
-    AppendFilled(text, value.tm_hour, rules.twoDigits);
-    text += ':';
-    AppendPadded(text, value.tm_min, 2, '0');
+    out = PutFilled(value.tm_hour, rules.twoDigits, out);
+    *out++ = ':';
+    out = PutTwoDigits(value.tm_min, out);
     const bool always = rules.parts == DateParts::DateSeconds;
     if (always || (TakesSeconds(rules.parts) && value.tm_sec != 0)) {
-        text += ':';
-        AppendPadded(text, value.tm_sec, 2, '0');
+        *out++ = ':';
+        out = PutTwoDigits(value.tm_sec, out);
     }
+    return out;
 }
 
 struct CalendarDate {
@@ -137,64 +156,82 @@ struct TimeOfDay {
     int second;
 };
 
+/// 2000 from 2000 to 2099, by the local calendar.
 int CenturyNow()
 {
     using namespace std::chrono;
-    const year_month_day today(floor<days>(system_clock::now()));
-    return static_cast<int>(today.year()) / 100 * 100;
+    const sys_days today = floor<days>(system_clock::now());
+    const auto centuryOf = [](int year) { return year / 100 * 100; };
+    const auto centuryOn = [&](sys_days day) {
+        return centuryOf(static_cast<int>(year_month_day(day).year()));
+    };
+    // No place on earth is a day away from universal time.
+    const int century = centuryOn(today - days(1));
+    std::tm local{};
+    if (century == centuryOn(today + days(1)) || !zelrt::LocalTime(std::time(nullptr), local))
+        return century;
+    return centuryOf(local.tm_year + kTmBaseYear);
 }
 
 /// Reads a text piece by piece from the front.
 class DateReader {
 public:
-    DateReader(std::string_view text, const DateRules& rules) : m_rest(text), m_rules(rules) {}
+    DateReader(std::string_view text, const DateRules& rules)
+        : m_at(text.data()), m_end(m_at + text.size()), m_rules(rules)
+    {}
 
-    bool AtEnd() const { return m_rest.empty(); }
+    bool AtEnd() const { return m_at == m_end; }
 
     /// One or more blanks.
     bool Blanks()
     {
-        const std::size_t before = m_rest.size();
-        m_rest = TrimBlanks(m_rest); // nothing stands behind: the whole text is trimmed
-        return m_rest.size() < before;
+        const char* const before = m_at;
+        while (m_at != m_end && IsBlank(*m_at))
+            ++m_at;
+        return m_at != before;
     }
 
     bool Date(bool alsoUnseparated, CalendarDate& date)
     {
-        const bool named = m_rules.month != MonthStyle::Number;
-        const std::size_t run = LeadingDigits();
-        const bool columns = run == 6 || run == 8 || run == 9;
-        if (!named && columns && (m_rules.separator == '\0' || alsoUnseparated))
-            return Number(2, 2, date.day) && Number(2, 2, date.month) && Year(date.year);
-        if (!named && m_rules.separator == '\0')
-            return false;
-        Filler();
-        return Number(1, 2, date.day) && Separator() && Month(named, date.month) &&
-               YearSeparator(named) && Year(date.year);
+        const bool columns = (m_rules.separator == '\0' || alsoUnseparated) && AtColumns();
+        return (columns ? Columns(date) : Separated(date)) && Year(date.year);
     }
 
     bool Time(bool withSeconds, TimeOfDay& time)
     {
         Filler();
-        if (!Number(1, 2, time.hour) || !Take(':') || !Number(2, 2, time.minute))
+        if (!Number(1, time.hour) || !Take(':') || !Number(2, time.minute))
             return false;
         time.second = 0;
-        return !withSeconds || !Take(':') || Number(2, 2, time.second);
+        return !withSeconds || !Take(':') || Number(2, time.second);
     }
 
 private:
-    std::size_t LeadingDigits() const
+    /// Day and month with nothing between them and the year.
+    bool Columns(CalendarDate& date) { return Number(2, date.day) && Number(2, date.month); }
+
+    bool Separated(CalendarDate& date)
     {
-        const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-        return static_cast<std::size_t>(std::find_if_not(m_rest.begin(), m_rest.end(), isDigit) -
-                                        m_rest.begin());
+        const bool named = m_rules.month != MonthStyle::Number;
+        if (!named && m_rules.separator == '\0')
+            return false;
+        Filler();
+        return Number(1, date.day) && Separator() && Month(named, date.month) &&
+               YearSeparator(named);
+    }
+
+    /// Whether day, month and year stand there with nothing between them.
+    bool AtColumns() const
+    {
+        const std::size_t digits = CountDigits({m_at, m_end});
+        return digits == 6 || digits == 8 || digits == 9;
     }
 
     bool Take(char expected)
     {
-        const bool there = !m_rest.empty() && m_rest[0] == expected;
+        const bool there = m_at != m_end && *m_at == expected;
         if (there)
-            m_rest.remove_prefix(1);
+            ++m_at;
         return there;
     }
 
@@ -210,16 +247,16 @@ private:
     /// Behind the name of a month a blank does as well.
     bool YearSeparator(bool named) { return Separator() || (named && Blanks()); }
 
-    /// As many digits as there are, up to `most`.
-    bool Number(std::size_t least, std::size_t most, int& value)
+    /// Two digits, or only one where that is the least.
+    bool Number(int least, int& value)
     {
-        const std::size_t digits = std::min(LeadingDigits(), most);
-        if (digits < least)
+        if (m_at == m_end || !zelrt::IsDigit(*m_at))
             return false;
-        value = 0;
-        for (const char digit : m_rest.substr(0, digits))
-            value = value * 10 + (digit - '0');
-        m_rest.remove_prefix(digits);
+        const bool two = m_end - m_at > 1 && zelrt::IsDigit(m_at[1]);
+        if (least == 2 && !two)
+            return false;
+        value = two ? (m_at[0] - '0') * 10 + (m_at[1] - '0') : m_at[0] - '0';
+        m_at += two ? 2 : 1;
         return true;
     }
 
@@ -229,12 +266,12 @@ private:
             Blanks();
             if (MonthName(month))
                 return true;
-            // Without a separator the digits would run on into the year.
+            // Without a separator fewer digits than columns would run on into the year.
             if (m_rules.separator == '\0')
                 return false;
         }
         Filler();
-        return Number(1, 2, month);
+        return Number(1, month);
     }
 
     bool MonthName(int& month)
@@ -243,7 +280,7 @@ private:
             const std::string_view name = kMonthNames[index];
             for (const std::size_t length : {name.size(), kShortNameLength}) {
                 if (StartsWith(name.substr(0, length))) {
-                    m_rest.remove_prefix(length);
+                    m_at += length;
                     month = index + 1;
                     return true;
                 }
@@ -255,25 +292,29 @@ private:
     bool StartsWith(std::string_view name) const
     {
         const auto upper = [](char c) { return zelrt::AnsiToUpper(static_cast<unsigned char>(c)); };
-        return m_rest.size() >= name.size() &&
-               std::equal(name.begin(), name.end(), m_rest.begin(),
+        return static_cast<std::size_t>(m_end - m_at) >= name.size() &&
+               std::equal(name.begin(), name.end(), m_at,
                           [upper](char a, char b) { return upper(a) == upper(b); });
     }
 
     bool Year(int& year)
     {
-        const std::size_t digits = LeadingDigits();
-        if (digits == 5 && m_rest[0] == '0')
+        const char* const first = m_at;
+        const char* const last =
+            first + std::min<std::ptrdiff_t>(kMostYearDigits + 1, m_end - first);
+        for (year = 0; m_at != last && zelrt::IsDigit(*m_at); ++m_at)
+            year = year * 10 + (*m_at - '0');
+        const auto digits = m_at - first;
+        const bool five = digits == kMostYearDigits && *first != '0';
+        if (digits != 2 && digits != 4 && !five)
             return false;
-        if (digits != 2 && digits != 4 && digits != 5)
-            return false;
-        Number(digits, digits, year);
         if (digits == 2)
             year += CenturyNow();
         return true;
     }
 
-    std::string_view m_rest;
+    const char* m_at;
+    const char* m_end;
     const DateRules& m_rules;
 };
 
@@ -286,7 +327,7 @@ const DateRules& DateRulesOfMode(const ModeRules& mode, DateScope scope) noexcep
     return mode.technical ? kTechnicalDateTime : kStandardDateTime;
 }
 
-Status ShowDate(const std::tm& value, const DateRules& rules, std::string& text)
+Status ShowDate(const std::tm& value, const DateRules& rules, TextBuffer& text)
 {
     const bool midnight = rules.parts == DateParts::DateTimeIfAny && IsMidnight(value);
     const bool showTime = ShowsTime(rules.parts) && !midnight;
@@ -295,17 +336,18 @@ Status ShowDate(const std::tm& value, const DateRules& rules, std::string& text)
         if (!monthInYear || !IsDateOfCalendar(YearOf(value), value.tm_mon + 1, value.tm_mday))
             return Status::OutOfRange;
     }
-    if (showTime && !IsTimeOfDay(value.tm_hour, value.tm_min, value.tm_sec))
+    const int second = TakesSeconds(rules.parts) ? value.tm_sec : 0;
+    if (showTime && !IsTimeOfDay(value.tm_hour, value.tm_min, second))
         return Status::OutOfRange;
 
-    std::string shown;
+    char* out = text.Make(kDateRoom);
     if (HasDate(rules.parts))
-        AppendDate(shown, value, rules);
+        out = PutDate(value, rules, out);
     if (HasDate(rules.parts) && showTime)
-        shown += ' ';
+        *out++ = ' ';
     if (showTime)
-        AppendTime(shown, value, rules);
-    text = std::move(shown);
+        out = PutTime(value, rules, out);
+    text.EndAt(out);
     return Status::Ok;
 }
 

@@ -5,9 +5,9 @@
 
 #include "platform/formats/rules.h"
 #include "platform/formats/status.h"
+#include "platform/formats/textbuffer.h"
 
 #include <ctime>
-#include <string>
 #include <string_view>
 
 namespace zelformat {
@@ -20,9 +20,9 @@ const DateRules& DateRulesOfMode(const ModeRules& mode, DateScope scope) noexcep
 /// Latest calendar year that is shown and read; the earliest is 0.
 inline constexpr int kLatestYear = 32767;
 
-/// OutOfRange when the parts to be shown are no date of the calendar or no time of day; parts that
+/// OutOfRange when what is to be shown is no date of the calendar or no time of day; fields that
 /// are not shown may hold anything.
-Status ShowDate(const std::tm& value, const DateRules& rules, std::string& text);
+Status ShowDate(const std::tm& value, const DateRules& rules, TextBuffer& text);
 
 /// Blanks around the text are ignored; the year may have two digits (of the current century), four
 /// or five. A missing time is midnight. What the rules do not show stays as it is in `value`,
@@ -30,7 +30,7 @@ Status ShowDate(const std::tm& value, const DateRules& rules, std::string& text)
 /// for a date that the calendar does not have or a time beyond 23:59:59.
 ///
 /// Without a separator, and with DateOnly in addition to the separated form, day and month number
-/// have two digits each.
+/// have two digits each, also where months have names.
 Status ReadDate(std::string_view text, const DateRules& rules, DateScope scope, std::tm& value);
 
 } // namespace zelformat

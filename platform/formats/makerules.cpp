@@ -165,7 +165,9 @@ Rules MakeTextRules(unsigned long most, unsigned long mask, ZelFormat::FormatAuf
                                {ZelFormat::ZelFoAuffuellenRechts, FillSide::Right}},
                               rules.side);
     const bool validMask = mask == ZelFormat::kulZelFoValidAll || mask <= kEveryByteClass;
-    if (!known || !validMask || most > kMostTextBytes)
+    // A NUL byte would end the shown text for whoever reads it as a plain one.
+    const bool validFill = rules.side == FillSide::None || fillChar != '\0';
+    if (!known || !validMask || !validFill || most > kMostTextBytes)
         return {};
     rules.most = static_cast<std::uint32_t>(most);
     rules.mask = static_cast<std::uint32_t>(mask);

@@ -1,7 +1,5 @@
 #include "platform/formats/numberscan.h"
 
-#include "platform/runtime/digits.h"
-
 #include <algorithm>
 
 namespace zelformat {
@@ -12,18 +10,18 @@ using zelrt::IsDigit;
 
 constexpr int kExponentLimit = 100'000'000;
 
-bool IsSign(char c)
+/// Takes the leading digits off `rest`, writes them to `out` and moves that behind them; returns
+/// their number.
+std::size_t TakeDigits(std::string_view& rest, char*& out)
 {
-    return c == '-' || c == '+';
-}
-
-/// The leading digits of `rest`, which are taken off it.
-std::string_view TakeDigits(std::string_view& rest)
-{
-    const auto end = std::find_if_not(rest.begin(), rest.end(), IsDigit);
-    const std::string_view digits = rest.substr(0, static_cast<std::size_t>(end - rest.begin()));
-    rest.remove_prefix(digits.size());
-    return digits;
+    std::size_t count = 0;
+    while (count < rest.size() && IsDigit(rest[count])) {
+        out[count] = rest[count];
+        ++count;
+    }
+    out += count;
+    rest.remove_prefix(count);
+    return count;
 }
 
 /// Drops what fills the places in front of the number.
@@ -43,7 +41,8 @@ void DropRightFill(std::string_view& rest, const NumberRules& rules)
         return;
     const std::size_t last = rest.find_last_not_of(rules.right.with);
     rest = rest.substr(0, last == rest.npos ? 0 : last + 1);
-    if (!rest.empty() && rest.back() == rules.decimalPoint)
+    // A point behind decimals would be a second one.
+    if (!rest.empty() && rest.find(rules.decimalPoint) == rest.size() - 1)
         rest.remove_suffix(1);
 }
 
@@ -56,24 +55,20 @@ void DropZeroFill(std::string_view& rest, const NumberRules& rules)
         rest.remove_prefix(1);
 }
 
-/// Reads digits, grouped or not, off the front of `rest`.
-bool TakeInteger(std::string_view& rest, char group, std::string& digits)
+/// Takes digits, grouped or not, off the front of `rest`, as TakeDigits does.
+bool TakeInteger(std::string_view& rest, char group, char*& out)
 {
-    std::string_view run = TakeDigits(rest);
-    if (run.empty())
-        return false;
-    digits = run;
+    const char* const first = out;
+    const std::size_t run = TakeDigits(rest, out);
     if (group == '\0' || rest.empty() || rest[0] != group)
-        return true;
+        return run > 0;
     // Who types 0.125 does not mean 125.
-    if (run.size() > 3 || run[0] == '0')
+    if (run == 0 || run > 3 || *first == '0')
         return false;
     while (!rest.empty() && rest[0] == group) {
         rest.remove_prefix(1);
-        run = TakeDigits(rest);
-        if (run.size() != 3)
+        if (TakeDigits(rest, out) != 3)
             return false;
-        digits += run;
     }
     return true;
 }
@@ -84,23 +79,23 @@ bool TakeExponent(std::string_view& rest, int& exponent)
     const bool negative = !rest.empty() && rest[0] == '-';
     if (!rest.empty() && IsSign(rest[0]))
         rest.remove_prefix(1);
-    const std::string_view digits = TakeDigits(rest);
-    for (const char digit : digits)
-        exponent = std::min(exponent * 10 + (digit - '0'), kExponentLimit);
+    if (rest.empty() || !IsDigit(rest[0]))
+        return false;
+    for (; !rest.empty() && IsDigit(rest[0]); rest.remove_prefix(1))
+        exponent = std::min(exponent * 10 + (rest[0] - '0'), kExponentLimit);
     if (negative)
         exponent = -exponent;
-    return !digits.empty();
+    return true;
 }
 
 /// Takes fixed decimals that follow the integer part without a point off the back.
-bool TakeImpliedDecimals(std::string_view& rest, std::size_t decimals, std::string& fraction)
+bool TakeImpliedDecimals(std::string_view& rest, std::size_t decimals, std::string_view& fraction)
 {
     if (rest.size() <= decimals)
         return false;
-    const std::string_view digits = rest.substr(rest.size() - decimals);
+    fraction = rest.substr(rest.size() - decimals);
     rest.remove_suffix(decimals);
-    fraction = digits;
-    return AreDigits(digits);
+    return AreDigits(fraction);
 }
 
 /// Everything but the sign and the fill characters around the number.
@@ -108,62 +103,39 @@ bool ScanMagnitude(std::string_view rest, const NumberRules& rules, Exponent exp
                    ScannedNumber& number)
 {
     const bool fixedDecimals = rules.decimals != NumberRules::kAllDecimals;
+    // No more digits than bytes.
+    char* const digits = number.digits.Make(rest.size());
+    char* out = digits;
+    std::string_view implied;
     if (fixedDecimals && rules.decimalPoint == '\0' &&
-        !TakeImpliedDecimals(rest, rules.decimals, number.fraction))
+        !TakeImpliedDecimals(rest, rules.decimals, implied))
         return false;
     DropZeroFill(rest, rules);
-    if (!TakeInteger(rest, rules.readGroup, number.integer))
+    if (!TakeInteger(rest, rules.readGroup, out))
         return false;
+    char* const integerEnd = out;
+    out = Put(implied, out);
     if (rules.decimalPoint != '\0' && !rest.empty() && rest[0] == rules.decimalPoint) {
         rest.remove_prefix(1);
-        number.fraction = TakeDigits(rest);
-        if (number.fraction.empty() || (fixedDecimals && number.fraction.size() > rules.decimals))
+        const std::size_t decimals = TakeDigits(rest, out);
+        if (decimals == 0 || (fixedDecimals && decimals > rules.decimals))
             return false;
     }
     if (exponent == Exponent::Accepted && !rest.empty() && (rest[0] == 'E' || rest[0] == 'e') &&
         !TakeExponent(rest, number.exponent))
         return false;
+    number.integer = WithoutLeadingZeros({digits, integerEnd});
+    number.fraction = {integerEnd, out};
     return rest.empty();
 }
 
 } // namespace
 
-std::string_view TrimBlanks(std::string_view text) noexcept
-{
-    const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
-    while (!text.empty() && isBlank(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back()))
-        text.remove_suffix(1);
-    return text;
-}
-
-bool TakeSign(std::string_view& rest, char& sign) noexcept
-{
-    sign = '\0';
-    const bool front = !rest.empty() && IsSign(rest.front());
-    if (front) {
-        sign = rest.front();
-        rest.remove_prefix(1);
-    }
-    if (!rest.empty() && IsSign(rest.back())) {
-        if (front)
-            return false;
-        sign = rest.back();
-        rest.remove_suffix(1);
-    }
-    return true;
-}
-
-bool AreDigits(std::string_view text) noexcept
-{
-    return std::all_of(text.begin(), text.end(), IsDigit);
-}
-
 std::string_view WithoutLeadingZeros(std::string_view digits) noexcept
 {
-    const std::size_t first = digits.find_first_not_of('0');
-    return first == digits.npos ? std::string_view("0") : digits.substr(first);
+    while (digits.size() > 1 && digits[0] == '0')
+        digits.remove_prefix(1);
+    return digits.empty() ? "0" : digits;
 }
 
 Status ScanNumber(std::string_view text, const NumberRules& rules, Exponent exponent,
@@ -180,7 +152,6 @@ Status ScanNumber(std::string_view text, const NumberRules& rules, Exponent expo
     if (sign != '\0' && rules.sign.place == SignPlace::None)
         return sign == '-' ? Status::NotAllowed : Status::Mismatch;
     number.negative = sign == '-';
-    number.integer = std::string(WithoutLeadingZeros(number.integer));
     return Status::Ok;
 }
 

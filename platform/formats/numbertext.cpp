@@ -1,10 +1,14 @@
 #include "platform/formats/numbertext.h"
 
 #include "platform/formats/numberscan.h"
+#include "platform/runtime/digits.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
+#include <cstring>
 #include <system_error>
 
 namespace zelformat {
@@ -31,19 +35,28 @@ constexpr NumberRules kTechnical = ModeNumberRules('.', '\0');
 constexpr double kExponentFrom = 1E15;
 constexpr double kExponentBelow = 1E-5;
 
+constexpr std::array<double, 23> MakePowersOfTen()
+{
+    std::array<double, 23> powers{1};
+    for (std::size_t i = 1; i < powers.size(); ++i)
+        powers[i] = powers[i - 1] * 10;
+    return powers;
+}
+
+/// The powers of ten that a double holds exactly.
+constexpr std::array<double, 23> kPowersOfTen = MakePowersOfTen();
+static_assert(kPowersOfTen.back() == 1E22);
+
+/// Up to here a double holds every whole number.
+constexpr std::uint64_t kExactLimit = std::uint64_t{1} << 53;
+/// Numbers of so many digits all have doubles of their own.
+constexpr double kSurelyDistinct = 1E15;
+
 /// A number to be shown. The integer part has at least one digit and no needless zero in front.
 struct NumberView {
     bool negative;
     std::string_view integer;
     std::string_view fraction;
-};
-
-struct NumberDigits {
-    bool negative = false;
-    std::string integer;
-    std::string fraction;
-
-    NumberView View() const { return {negative, integer, fraction}; }
 };
 
 bool AllZeros(std::string_view digits)
@@ -53,32 +66,34 @@ bool AllZeros(std::string_view digits)
 
 bool IsZero(const NumberView& number)
 {
-    return AllZeros(number.integer) && AllZeros(number.fraction);
+    return number.integer[0] == '0' && AllZeros(number.fraction);
 }
 
-char SignOf(const NumberView& number, const NumberRules& rules)
-{
-    if (IsZero(number))
-        return '\0';
-    if (number.negative)
-        return '-';
-    return rules.sign.plus && rules.sign.place != SignPlace::None ? '+' : '\0';
-}
+/// What a shown number consists of besides its digits.
+struct Layout {
+    char sign; ///< NUL: none
+    std::size_t decimals;
+    std::size_t length; ///< characters, padding in front not counted
+};
 
 std::size_t DecimalsShown(const NumberView& number, const NumberRules& rules)
 {
     return rules.decimals == NumberRules::kAllDecimals ? number.fraction.size() : rules.decimals;
 }
 
-/// Characters of the shown number, padding in front not counted.
-std::size_t ShownLength(const NumberView& number, const NumberRules& rules)
+Layout LayoutOf(const NumberView& number, const NumberRules& rules)
 {
-    std::size_t length = number.integer.size();
+    Layout layout{'\0', DecimalsShown(number, rules), number.integer.size()};
+    const bool plus = rules.sign.plus && rules.sign.place != SignPlace::None;
+    if ((number.negative || plus) && !IsZero(number)) {
+        layout.sign = number.negative ? '-' : '+';
+        ++layout.length;
+    }
     if (rules.group != '\0')
-        length += (number.integer.size() - 1) / 3;
-    if (const std::size_t decimals = DecimalsShown(number, rules); decimals > 0)
-        length += decimals + (rules.decimalPoint != '\0' ? 1 : 0);
-    return SignOf(number, rules) != '\0' ? length + 1 : length;
+        layout.length += (number.integer.size() - 1) / 3;
+    if (layout.decimals > 0)
+        layout.length += layout.decimals + (rules.decimalPoint != '\0' ? 1 : 0);
+    return layout;
 }
 
 bool FitsPlaces(std::size_t length, const NumberRules& rules)
@@ -86,126 +101,185 @@ bool FitsPlaces(std::size_t length, const NumberRules& rules)
     return rules.places == 0 || length <= rules.places;
 }
 
-void AppendGrouped(std::string& text, std::string_view digits, char group)
+/// Writes the digits with the separator, if there is one, between groups of three.
+char* PutGrouped(std::string_view digits, char group, char* out)
 {
-    std::size_t beforeGroup = group != '\0' ? (digits.size() - 1) % 3 + 1 : digits.size();
-    text.append(digits.substr(0, beforeGroup));
-    for (; beforeGroup < digits.size(); beforeGroup += 3) {
-        text += group;
-        text.append(digits.substr(beforeGroup, 3));
+    if (group == '\0')
+        return Put(digits, out);
+    constexpr std::size_t groupSize = 3;
+    const char* next = digits.data();
+    const char* const end = next + digits.size();
+    for (std::size_t first = (digits.size() - 1) % groupSize + 1; first != 0; --first)
+        *out++ = *next++;
+    for (; next != end; next += groupSize) {
+        *out++ = group;
+        std::memcpy(out, next, groupSize);
+        out += groupSize;
     }
+    return out;
 }
 
 /// `number` has no more decimals than the rules show.
-Status Lay(const NumberView& number, const NumberRules& rules, std::string& text)
+Status Lay(const NumberView& number, const NumberRules& rules, TextBuffer& text)
 {
-    const char sign = SignOf(number, rules);
+    const auto [sign, decimals, length] = LayoutOf(number, rules);
     if (sign == '-' && rules.sign.place == SignPlace::None)
         return Status::NotAllowed;
-    const std::size_t decimals = DecimalsShown(number, rules);
     if (rules.decimals == NumberRules::kAllDecimals && decimals > 0 && rules.decimalPoint == '\0')
         return Status::NotAllowed;
-    const std::size_t length = ShownLength(number, rules);
     if (!FitsPlaces(length, rules))
         return Status::NotAllowed;
 
     const std::size_t padding = rules.left.on && rules.places > length ? rules.places - length : 0;
-    std::string shown;
-    shown.reserve(length + padding);
+    char* out = text.Make(length + padding);
     // Zeros belong to the digits and stand behind the sign, everything else stands before it.
     if (rules.left.with != '0')
-        shown.append(padding, rules.left.with);
+        out = std::fill_n(out, padding, rules.left.with);
     if (sign != '\0' && rules.sign.place == SignPlace::Front)
-        shown += sign;
+        *out++ = sign;
     if (rules.left.with == '0')
-        shown.append(padding, '0');
-    AppendGrouped(shown, number.integer, rules.group);
+        out = std::fill_n(out, padding, '0');
+    out = PutGrouped(number.integer, rules.group, out);
     if (decimals > 0) {
         if (rules.decimalPoint != '\0')
-            shown += rules.decimalPoint;
-        shown.append(number.fraction);
-        shown.append(decimals - number.fraction.size(), rules.right.on ? rules.right.with : '0');
+            *out++ = rules.decimalPoint;
+        out = Put(number.fraction, out);
+        out = std::fill_n(out, decimals - number.fraction.size(),
+                          rules.right.on ? rules.right.with : '0');
     }
     if (sign != '\0' && rules.sign.place == SignPlace::Behind)
-        shown += sign;
-    text = std::move(shown);
+        *out = sign;
     return Status::Ok;
 }
 
-/// Adds 1 to the last of the digits that `integer` and `fraction` make up.
-void AddUnit(NumberDigits& number)
+/// Adds 1 to the last digit; the new ones lie in `room`.
+void AddUnit(NumberView& number, TextBuffer& room)
 {
-    for (std::string* part : {&number.fraction, &number.integer}) {
-        for (auto digit = part->rbegin(); digit != part->rend(); ++digit) {
-            if (*digit != '9') {
-                ++*digit;
-                return;
-            }
-            *digit = '0';
-        }
-    }
-    number.integer.insert(number.integer.begin(), '1');
+    // A zero in front takes a carry.
+    const std::size_t integers = number.integer.size() + 1;
+    char* const digits = room.Make(integers + number.fraction.size());
+    digits[0] = '0';
+    char* last = Put(number.fraction, Put(number.integer, digits + 1)) - 1;
+    for (; *last == '9'; --last)
+        *last = '0';
+    ++*last;
+    const std::size_t first = digits[0] == '0' ? 1 : 0;
+    number.integer = room.View().substr(first, integers - first);
+    number.fraction = room.View().substr(integers);
 }
 
-/// Ties go away from zero.
-void RoundTo(NumberDigits& number, std::size_t decimals)
+/// Drops decimals that the rules do not show, ties away from zero. `room` is for digits that
+/// change.
+void Round(NumberView& number, const NumberRules& rules, TextBuffer& room)
 {
+    const std::size_t decimals = DecimalsShown(number, rules);
     if (number.fraction.size() <= decimals)
         return;
     const bool up = number.fraction[decimals] >= '5';
-    number.fraction.resize(decimals);
+    number.fraction = number.fraction.substr(0, decimals);
     if (up)
-        AddUnit(number);
+        AddUnit(number, room);
 }
 
-Status RoundAndLay(NumberDigits& number, const NumberRules& rules, std::string& text)
+Status RoundAndLay(NumberView number, const NumberRules& rules, TextBuffer& text)
 {
-    if (rules.decimals != NumberRules::kAllDecimals)
-        RoundTo(number, rules.decimals);
-    return Lay(number.View(), rules, text);
+    if (number.fraction.size() <= DecimalsShown(number, rules))
+        return Lay(number, rules, text);
+    TextBuffer rounded;
+    Round(number, rules, rounded);
+    return Lay(number, rules, text);
 }
 
-/// The fewest digits that name the number. `value` is finite.
-NumberDigits DigitsOf(double value)
-{
-    char buffer[32];
-    const char* const end = std::to_chars(buffer, buffer + sizeof buffer, std::fabs(value),
-                                          std::chars_format::scientific)
-                                .ptr;
-    const char* const mark = std::find(buffer, buffer + sizeof buffer, 'e');
-    int exponent = 0;
-    std::from_chars(mark[1] == '+' ? mark + 2 : mark + 1, end, exponent);
-
-    std::string digits(1, buffer[0]);
-    if (mark - buffer > 2)
-        digits.append(buffer + 2, static_cast<std::size_t>(mark - buffer) - 2);
-    if (exponent < 0)
-        digits.insert(0, static_cast<std::size_t>(-exponent), '0');
-    const std::size_t integerDigits = exponent < 0 ? 1 : static_cast<std::size_t>(exponent) + 1;
-    if (digits.size() < integerDigits)
-        digits.resize(integerDigits, '0');
-    return {value < 0, digits.substr(0, integerDigits), digits.substr(integerDigits)};
-}
-
-/// The digits of an integer, and room for a sign in front of them.
-class IntegerText {
+/// The fewest digits that name a double.
+class DoubleDigits {
 public:
-    explicit IntegerText(std::int32_t value) noexcept
+    /// `value` is finite. `decimals` are those that it probably has.
+    DoubleDigits(double value, std::uint32_t decimals) : m_view{value < 0, {}, {}}
     {
-        const std::uint32_t magnitude =
-            value < 0 ? 0U - static_cast<std::uint32_t>(value) : static_cast<std::uint32_t>(value);
-        m_buffer[0] = '-';
-        const char* const end =
-            std::to_chars(m_buffer + 1, m_buffer + sizeof m_buffer, magnitude).ptr;
-        m_nDigits = static_cast<std::size_t>(end - m_buffer - 1);
+        const double magnitude = std::fabs(value);
+        if (!TryWhole(magnitude, decimals))
+            Convert(magnitude);
     }
 
-    std::string_view Digits() const { return {m_buffer + 1, m_nDigits}; }
-    std::string_view WithMinus() const { return {m_buffer, m_nDigits + 1}; }
+    const NumberView& View() const { return m_view; }
 
 private:
-    char m_buffer[11];
-    std::size_t m_nDigits;
+    /// Most amounts are a whole number of the last decimals. If that has few digits and gives the
+    /// same double back, no other number of few digits does.
+    bool TryWhole(double magnitude, std::uint32_t decimals)
+    {
+        if (decimals >= kPowersOfTen.size())
+            return false;
+        const double scaled = magnitude * kPowersOfTen[decimals];
+        if (!(scaled < kSurelyDistinct))
+            return false;
+        const auto whole = static_cast<std::uint64_t>(scaled + 0.5);
+        if (static_cast<double>(whole) / kPowersOfTen[decimals] != magnitude)
+            return false;
+
+        constexpr std::size_t room = 16;
+        char digits[room];
+        const char* const end = std::to_chars(digits, digits + room, whole).ptr;
+        const auto count = static_cast<std::size_t>(end - digits);
+        const std::size_t zeros = count > decimals ? 0 : decimals + 1 - count;
+        char* const out = m_digits.Make(zeros + count);
+        Put({digits, end}, std::fill_n(out, zeros, '0'));
+        Split(zeros + count - decimals);
+        const std::size_t last = m_view.fraction.find_last_not_of('0');
+        m_view.fraction = m_view.fraction.substr(0, last + 1);
+        return true;
+    }
+
+    void Convert(double magnitude)
+    {
+        char shortest[32];
+        const char* const end = std::to_chars(shortest, shortest + sizeof shortest, magnitude,
+                                              std::chars_format::scientific)
+                                    .ptr;
+        const char* const mark = std::find(shortest, shortest + sizeof shortest, 'e');
+        int exponent = 0;
+        std::from_chars(mark[1] == '+' ? mark + 2 : mark + 1, end, exponent);
+
+        const std::size_t zeros = exponent < 0 ? static_cast<std::size_t>(-exponent) : 0;
+        const std::size_t integers = exponent < 0 ? 1 : static_cast<std::size_t>(exponent) + 1;
+        const auto count =
+            static_cast<std::size_t>(std::max<std::ptrdiff_t>(mark - shortest - 1, 1));
+        const std::size_t length = std::max(zeros + count, integers);
+        char* out = std::fill_n(m_digits.Make(length), zeros, '0');
+        *out++ = shortest[0];
+        out = std::copy_n(shortest + 2, count - 1, out);
+        std::fill_n(out, length - zeros - count, '0');
+        Split(integers);
+    }
+
+    void Split(std::size_t integers)
+    {
+        m_view.integer = m_digits.View().substr(0, integers);
+        m_view.fraction = m_digits.View().substr(integers);
+    }
+
+    TextBuffer m_digits;
+    NumberView m_view;
+};
+
+std::uint32_t MagnitudeOf(std::int32_t value)
+{
+    return value < 0 ? 0U - static_cast<std::uint32_t>(value) : static_cast<std::uint32_t>(value);
+}
+
+/// The digits of an integer.
+class IntegerDigits {
+public:
+    explicit IntegerDigits(std::int32_t value) noexcept
+        : m_end(zelrt::WriteDigits(MagnitudeOf(value), m_digits)), m_negative(value < 0)
+    {}
+
+    NumberView View() const { return {m_negative, {m_digits, m_end}, {}}; }
+
+private:
+    char m_digits[zelrt::kMostDigits32];
+    const char* m_end;
+    bool m_negative;
 };
 
 /// Optional sign and digits, nothing else: what is typed most. Anything else is left to the
@@ -239,27 +313,57 @@ Status ReadGeneralInteger(std::string_view text, const NumberRules& rules, std::
         return Status::Mismatch;
     if (number.integer.size() > 10)
         return Status::OutOfRange;
-    const char* const digits = number.integer.data();
-    std::from_chars(digits, digits + number.integer.size(), value);
+    value = static_cast<std::int64_t>(ValueOf(number.integer));
     if (number.negative)
         value = -value;
     return Status::Ok;
 }
 
+/// digits * 10^exponent, if that takes no more than one rounded operation.
+bool ToDoubleAtOnce(std::string_view digits, std::int64_t exponent, double& magnitude)
+{
+    const auto distance = static_cast<std::uint64_t>(std::abs(exponent));
+    if (digits.size() > kDigits64 || distance >= kPowersOfTen.size())
+        return false;
+    const std::uint64_t whole = ValueOf(digits);
+    if (whole > kExactLimit)
+        return false;
+    const auto number = static_cast<double>(whole);
+    magnitude = exponent < 0 ? number / kPowersOfTen[distance] : number * kPowersOfTen[distance];
+    return true;
+}
+
 /// The number as a double; OutOfRange where a double has none near it.
 Status ToDouble(const ScannedNumber& number, double& value)
 {
-    const std::string plain =
-        number.integer + '.' + number.fraction + 'e' + std::to_string(number.exponent);
+    const std::string_view digits(number.integer.data(),
+                                  number.integer.size() + number.fraction.size());
+    const auto decimals = static_cast<std::int64_t>(number.fraction.size());
+    const std::int64_t exponent = number.exponent - decimals;
     double magnitude = 0;
-    const auto [end, error] = std::from_chars(plain.data(), plain.data() + plain.size(), magnitude);
-    const bool zero = AllZeros(number.integer) && AllZeros(number.fraction);
-    if (zero)
-        magnitude = 0;
-    else if (error != std::errc{} || std::isinf(magnitude) || magnitude == 0)
-        return Status::OutOfRange;
-    value = number.negative && !zero ? -magnitude : magnitude;
+    if (!ToDoubleAtOnce(digits, exponent, magnitude) && !AllZeros(digits)) {
+        constexpr std::size_t exponentRoom = 21;
+        TextBuffer plain;
+        char* const first = plain.Make(digits.size() + 1 + exponentRoom);
+        char* last = Put(digits, first);
+        *last++ = 'e';
+        last = std::to_chars(last, last + exponentRoom, exponent).ptr;
+        const std::errc error = std::from_chars(first, last, magnitude).ec;
+        if (error != std::errc{} || std::isinf(magnitude) || magnitude == 0)
+            return Status::OutOfRange;
+    }
+    value = number.negative && magnitude != 0 ? -magnitude : magnitude;
     return Status::Ok;
+}
+
+/// The decimals without the zeros at the end that make the number of so many integer digits too
+/// long; formats with many decimals show such numbers.
+std::string_view WithoutExcessZeros(std::string_view fraction, std::size_t integerDigits)
+{
+    while (!fraction.empty() && fraction.back() == '0' &&
+           integerDigits + 1 + fraction.size() > kLongestNumberText)
+        fraction.remove_suffix(1);
+    return fraction;
 }
 
 } // namespace
@@ -269,57 +373,64 @@ const NumberRules& NumberRulesOfMode(const ModeRules& mode) noexcept
     return mode.technical ? kTechnical : kStandard;
 }
 
-Status ShowInteger(std::int32_t value, const NumberRules& rules, std::string& text)
+Status ShowInteger(std::int32_t value, const NumberRules& rules, TextBuffer& text)
 {
-    const IntegerText shown(value);
     if (!rules.plain)
-        return Lay({value < 0, shown.Digits(), {}}, rules, text);
-    const std::string_view plain = value < 0 ? shown.WithMinus() : shown.Digits();
-    if (!FitsPlaces(plain.size(), rules))
-        return Status::NotAllowed;
-    text.assign(plain);
-    return Status::Ok;
+        return Lay(IntegerDigits(value).View(), rules, text);
+    char* const room = text.Make(1 + zelrt::kMostDigits32);
+    *room = '-';
+    text.EndAt(zelrt::WriteDigits(MagnitudeOf(value), room + (value < 0 ? 1 : 0)));
+    return FitsPlaces(text.View().size(), rules) ? Status::Ok : Status::NotAllowed;
 }
 
-Status ShowDouble(double value, const NumberRules& rules, std::string& text)
+Status ShowDouble(double value, const NumberRules& rules, TextBuffer& text)
 {
     if (!std::isfinite(value))
         return Status::OutOfRange;
-    NumberDigits digits = DigitsOf(value);
-    return RoundAndLay(digits, rules, text);
+    const DoubleDigits digits(value, rules.decimals);
+    return RoundAndLay(digits.View(), rules, text);
 }
 
-Status ShowShortestDouble(double value, char decimalPoint, std::string& text)
+Status ShowShortestDouble(double value, char decimalPoint, TextBuffer& text)
 {
     if (!std::isfinite(value))
         return Status::OutOfRange;
+    constexpr std::size_t room = 32;
     const double magnitude = std::fabs(value);
     const bool fixed = magnitude == 0 || (magnitude >= kExponentBelow && magnitude < kExponentFrom);
-    char buffer[32] = {'-'};
-    const std::to_chars_result result =
-        std::to_chars(buffer + 1, buffer + sizeof buffer, magnitude,
-                      fixed ? std::chars_format::fixed : std::chars_format::scientific);
-    std::replace(buffer + 1, result.ptr, '.', decimalPoint);
-    std::replace(buffer + 1, result.ptr, 'e', 'E');
-    text.assign(value < 0 ? buffer : buffer + 1, result.ptr);
+    char* const first = text.Make(room);
+    char* const digits = first + (value < 0 ? 1 : 0);
+    *first = '-';
+    char* const end =
+        std::to_chars(digits, first + room, magnitude,
+                      fixed ? std::chars_format::fixed : std::chars_format::scientific)
+            .ptr;
+    const auto exchange = [digits, end](char written, char shown) {
+        if (char* const at = std::find(digits, end, written); at != end)
+            *at = shown;
+    };
+    exchange('.', decimalPoint);
+    if (!fixed)
+        exchange('e', 'E');
+    text.EndAt(end);
     return Status::Ok;
 }
 
-Status ShowNumberText(std::string_view number, const NumberRules& rules, std::string& text)
+Status ShowNumberText(std::string_view number, const NumberRules& rules, TextBuffer& text)
 {
-    NumberDigits digits;
+    char sign = '\0';
     if (!number.empty() && (number[0] == '-' || number[0] == '+')) {
-        digits.negative = number[0] == '-';
+        sign = number[0];
         number.remove_prefix(1);
     }
-    const std::size_t point = std::min(number.find('.'), number.size());
-    const std::string_view integer = number.substr(0, point);
-    const std::string_view fraction = number.substr(std::min(point + 1, number.size()));
-    if ((integer.empty() && fraction.empty()) || !AreDigits(integer) || !AreDigits(fraction))
+    const std::string_view integer = number.substr(0, CountDigits(number));
+    number.remove_prefix(integer.size());
+    if (!number.empty() && number[0] != '.')
         return Status::Mismatch;
-    digits.integer = WithoutLeadingZeros(integer);
-    digits.fraction = fraction;
-    return RoundAndLay(digits, rules, text);
+    const std::string_view fraction = number.substr(number.empty() ? 0 : 1);
+    if ((integer.empty() && fraction.empty()) || !AreDigits(fraction))
+        return Status::Mismatch;
+    return RoundAndLay({sign == '-', WithoutLeadingZeros(integer), fraction}, rules, text);
 }
 
 Status ReadInteger(std::string_view text, const NumberRules& rules, IntegerRange range,
@@ -337,9 +448,8 @@ Status ReadInteger(std::string_view text, const NumberRules& rules, IntegerRange
         return Status::OutOfRange;
     const auto inRange = static_cast<std::int32_t>(read);
     // A plain number is never shown longer than it was typed.
-    const bool surelyFits = plain && FitsPlaces(typed.size(), rules);
-    if (!surelyFits &&
-        !FitsPlaces(ShownLength({read < 0, IntegerText(inRange).Digits(), {}}, rules), rules))
+    const bool surelyFits = rules.places == 0 || (plain && FitsPlaces(typed.size(), rules));
+    if (!surelyFits && !FitsPlaces(LayoutOf(IntegerDigits(inRange).View(), rules).length, rules))
         return Status::TooLong;
     value = inRange;
     return Status::Ok;
@@ -355,31 +465,37 @@ Status ReadDouble(std::string_view text, const NumberRules& rules, Exponent expo
     if (status != Status::Ok)
         return status;
     if (rules.places != 0) {
-        NumberDigits shown = DigitsOf(read);
-        if (rules.decimals != NumberRules::kAllDecimals)
-            RoundTo(shown, rules.decimals);
-        if (!FitsPlaces(ShownLength(shown.View(), rules), rules))
+        const DoubleDigits digits(read, rules.decimals);
+        NumberView shown = digits.View();
+        TextBuffer rounded;
+        Round(shown, rules, rounded);
+        if (!FitsPlaces(LayoutOf(shown, rules).length, rules))
             return Status::TooLong;
     }
     value = read;
     return Status::Ok;
 }
 
-Status ReadNumberText(std::string_view text, const NumberRules& rules, std::string& number)
+Status ReadNumberText(std::string_view text, const NumberRules& rules, TextBuffer& number)
 {
     ScannedNumber read;
     const Status status = ScanNumber(text, rules, Exponent::Refused, read);
     if (status != Status::Ok)
         return status;
     const NumberView view{read.negative, read.integer, read.fraction};
-    std::string plain = read.integer;
-    if (!read.fraction.empty())
-        plain += '.' + read.fraction;
-    if (plain.size() > kLongestNumberText || !FitsPlaces(ShownLength(view, rules), rules))
+    const std::string_view fraction = WithoutExcessZeros(read.fraction, read.integer.size());
+    const std::size_t length = read.integer.size() + (fraction.empty() ? 0 : 1 + fraction.size());
+    if (length > kLongestNumberText || !FitsPlaces(LayoutOf(view, rules).length, rules))
         return Status::TooLong;
-    if (read.negative && !IsZero(view))
-        plain.insert(plain.begin(), '-');
-    number = std::move(plain);
+    const bool negative = read.negative && !IsZero(view);
+    char* out = number.Make(length + (negative ? 1 : 0));
+    if (negative)
+        *out++ = '-';
+    out = Put(read.integer, out);
+    if (!fraction.empty()) {
+        *out++ = '.';
+        Put(fraction, out);
+    }
     return Status::Ok;
 }
 

@@ -3,21 +3,33 @@
 
 /// Numbers as texts: signs, groups, decimals and padding, shown and read by the same rules.
 ///
-/// Showing appends nothing and throws nothing but std::bad_alloc; `text` is set on success only.
-/// Reading leaves its target as it was unless it succeeds. Blanks and tabs around a number are
+/// Showing throws nothing but std::bad_alloc; what `text` is after a failure has no meaning.
+/// Reading leaves a number as it was unless it succeeds. Blanks and tabs around a number are
 /// ignored.
 
 #include "platform/formats/rules.h"
 #include "platform/formats/status.h"
+#include "platform/formats/textbuffer.h"
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 namespace zelformat {
 
+constexpr bool IsBlank(char c) noexcept
+{
+    return c == ' ' || c == '\t';
+}
+
 /// `text` without the blanks and tabs around it.
-std::string_view TrimBlanks(std::string_view text) noexcept;
+inline std::string_view TrimBlanks(std::string_view text) noexcept
+{
+    while (!text.empty() && IsBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && IsBlank(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
 
 /// Rules of the standard mode (German) or of the technical mode for numbers of every type.
 const NumberRules& NumberRulesOfMode(const ModeRules& mode) noexcept;
@@ -25,19 +37,19 @@ const NumberRules& NumberRulesOfMode(const ModeRules& mode) noexcept;
 /// Where a format and a number go apart:
 /// - a negative number without sign, or a text of more characters than the places: NotAllowed;
 /// - decimals beyond the fixed ones are rounded, ties away from zero.
-Status ShowInteger(std::int32_t value, const NumberRules& rules, std::string& text);
+Status ShowInteger(std::int32_t value, const NumberRules& rules, TextBuffer& text);
 
 /// As ShowInteger, for the number that the fewest decimal digits name. Never an exponent. NaN and
 /// infinities: OutOfRange.
-Status ShowDouble(double value, const NumberRules& rules, std::string& text);
+Status ShowDouble(double value, const NumberRules& rules, TextBuffer& text);
 
 /// The shortest text that reads back as the same number; with an exponent from 1E+15 on and below
 /// 1E-05. A zero has no sign. NaN and infinities: OutOfRange.
-Status ShowShortestDouble(double value, char decimalPoint, std::string& text);
+Status ShowShortestDouble(double value, char decimalPoint, TextBuffer& text);
 
 /// As ShowInteger, for a number written as digits with an optional sign in front and an optional
 /// point; anything else is a Mismatch.
-Status ShowNumberText(std::string_view number, const NumberRules& rules, std::string& text);
+Status ShowNumberText(std::string_view number, const NumberRules& rules, TextBuffer& text);
 
 struct IntegerRange {
     std::int32_t lowest;
@@ -62,9 +74,9 @@ Status ReadDouble(std::string_view text, const NumberRules& rules, Exponent expo
 inline constexpr std::size_t kLongestNumberText = 38;
 
 /// As ReadDouble without exponent. Gives the number as digits with '-' in front when negative and
-/// '.' before the decimals, which are kept as written; leading zeros go. TooLong beyond
-/// kLongestNumberText.
-Status ReadNumberText(std::string_view text, const NumberRules& rules, std::string& number);
+/// '.' before the decimals, which are kept as written; leading zeros go. Beyond kLongestNumberText
+/// zeros at the end of the decimals go too; what is longer without them is TooLong.
+Status ReadNumberText(std::string_view text, const NumberRules& rules, TextBuffer& number);
 
 } // namespace zelformat
 

@@ -66,20 +66,26 @@ bool EqualUpper(std::string_view text, std::string_view upper)
 
 } // namespace
 
-Status ShowText(std::string_view value, const TextRules& rules, std::string& text)
+Status ShowText(std::string_view value, const TextRules& rules, TextBuffer& text)
 {
     const Status status = Check(value, rules);
     if (status != Status::Ok)
         return status;
-    std::string shown(value);
-    if (rules.side != FillSide::None && rules.most > value.size())
-        shown.insert(rules.side == FillSide::Left ? 0 : value.size(), rules.most - value.size(),
-                     rules.fill);
-    text = std::move(shown);
+    if (rules.side == FillSide::None || rules.most <= value.size()) {
+        text.Refer(value);
+        return Status::Ok;
+    }
+    const std::size_t missing = rules.most - value.size();
+    char* out = text.Make(rules.most);
+    if (rules.side == FillSide::Left)
+        out = std::fill_n(out, missing, rules.fill);
+    out = Put(value, out);
+    if (rules.side == FillSide::Right)
+        std::fill_n(out, missing, rules.fill);
     return Status::Ok;
 }
 
-Status ReadText(std::string_view text, const TextRules& rules, std::string& value)
+Status ReadText(std::string_view text, const TextRules& rules, TextBuffer& value)
 {
     if (rules.side == FillSide::Left)
         text.remove_prefix(std::min(text.find_first_not_of(rules.fill), text.size()));
@@ -87,7 +93,7 @@ Status ReadText(std::string_view text, const TextRules& rules, std::string& valu
         text = text.substr(0, text.find_last_not_of(rules.fill) + 1);
     const Status status = Check(text, rules);
     if (status == Status::Ok)
-        value = text;
+        value.Refer(text);
     return status;
 }
 

@@ -5,19 +5,19 @@
 
 #include "platform/formats/rules.h"
 #include "platform/formats/status.h"
+#include "platform/formats/textbuffer.h"
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 namespace zelformat {
 
-/// The text, filled up to the most bytes. TooLong beyond them, Mismatch for a byte outside the
-/// mask.
-Status ShowText(std::string_view value, const TextRules& rules, std::string& text);
+/// The text, filled up to the most bytes; refers to `value` where nothing is filled. TooLong beyond
+/// them, Mismatch for a byte outside the mask.
+Status ShowText(std::string_view value, const TextRules& rules, TextBuffer& text);
 
-/// The text without what fills it up; the failures are those of ShowText.
-Status ReadText(std::string_view text, const TextRules& rules, std::string& value);
+/// Refers to `text` without what fills it up; the failures are those of ShowText.
+Status ReadText(std::string_view text, const TextRules& rules, TextBuffer& value);
 
 /// "Ja" and "Nein", in the technical mode "1" and "0".
 std::string_view BoolText(bool value, const ModeRules& mode) noexcept;

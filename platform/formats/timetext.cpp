@@ -1,9 +1,9 @@
 #include "platform/formats/timetext.h"
 
 #include "platform/formats/numberscan.h"
+#include "platform/runtime/digits.h"
 
 #include <algorithm>
-#include <charconv>
 
 namespace zelformat {
 
@@ -57,44 +57,39 @@ char SignOf(std::int32_t units, const TimeRules& rules)
     return units > 0 && rules.sign.plus && rules.sign.place != SignPlace::None ? '+' : '\0';
 }
 
-std::string TwoDigits(std::uint32_t number)
-{
-    return {static_cast<char>('0' + number / 10), static_cast<char>('0' + number % 10)};
-}
-
 /// A text of hours and fraction taken apart.
 struct Parts {
     TimeMode mode;
-    std::string_view hours;
+    std::string_view hours;    ///< digits
     std::string_view fraction; ///< two digits, or empty
 };
 
+/// The hours are the digits in front of whatever follows.
 bool SplitSeparated(std::string_view text, const TimeRules& rules, Parts& parts)
 {
-    const char separators[] = {':', rules.hundredthsPoint};
-    const std::size_t at = text.find_first_of(std::string_view(separators, sizeof separators));
-    parts.hours = text.substr(0, at);
-    if (at == text.npos) {
+    const std::size_t digits = CountDigits(text);
+    parts.hours = text.substr(0, digits);
+    if (digits == text.size()) {
         parts.mode = rules.mode == TimeMode::Own ? TimeMode::Hours : rules.mode;
         return true;
     }
-    parts.mode = text[at] == ':' ? TimeMode::Minutes : TimeMode::Hundredths;
-    parts.fraction = text.substr(at + 1);
-    return parts.fraction.size() == kFractionDigits &&
+    const char separator = text[digits];
+    if (separator != ':' && separator != rules.hundredthsPoint)
+        return false;
+    parts.mode = separator == ':' ? TimeMode::Minutes : TimeMode::Hundredths;
+    parts.fraction = text.substr(digits + 1);
+    return parts.fraction.size() == kFractionDigits && AreDigits(parts.fraction) &&
            (rules.mode == TimeMode::Own || rules.mode == parts.mode);
 }
 
 bool SplitUnseparated(std::string_view text, TimeMode mode, Parts& parts)
 {
     parts.mode = mode == TimeMode::Own ? TimeMode::Hours : mode;
-    if (parts.mode == TimeMode::Hours) {
-        parts.hours = text;
-        return true;
-    }
-    if (text.size() <= kFractionDigits)
+    const std::size_t fraction = parts.mode == TimeMode::Hours ? 0 : kFractionDigits;
+    if (text.size() < fraction || !AreDigits(text))
         return false;
-    parts.hours = text.substr(0, text.size() - kFractionDigits);
-    parts.fraction = text.substr(text.size() - kFractionDigits);
+    parts.hours = text.substr(0, text.size() - fraction);
+    parts.fraction = text.substr(text.size() - fraction);
     return true;
 }
 
@@ -106,16 +101,15 @@ void DropFill(std::string_view& rest, const TimeRules& rules)
 
 Status UnitsOf(const Parts& parts, const TimeRules& rules, std::uint32_t& units)
 {
-    const std::string_view hourDigits = WithoutLeadingZeros(parts.hours);
-    std::uint32_t hours = 0;
-    std::uint32_t steps = 0;
-    const char* const end = hourDigits.data() + hourDigits.size();
-    if (std::from_chars(hourDigits.data(), end, hours).ec != std::errc{} || hours > kMostHours)
+    std::string_view digits = parts.hours;
+    if (digits.size() > kDigits64)
+        digits = WithoutLeadingZeros(digits);
+    const std::uint64_t typedHours = digits.size() <= kDigits64 ? ValueOf(digits) : UINT64_MAX;
+    const auto steps = static_cast<std::uint32_t>(ValueOf(parts.fraction));
+    if (typedHours > kMostHours || (parts.mode == TimeMode::Minutes && steps >= 60))
         return Status::OutOfRange;
-    std::from_chars(parts.fraction.data(), parts.fraction.data() + parts.fraction.size(), steps);
-    if (parts.mode == TimeMode::Minutes && steps >= 60)
-        return Status::OutOfRange;
-    if (rules.mostHourDigits != 0 && hourDigits.size() > rules.mostHourDigits)
+    const auto hours = static_cast<std::uint32_t>(typedHours);
+    if (rules.mostHourDigits != 0 && zelrt::CountDigits(hours) > rules.mostHourDigits)
         return Status::TooLong;
     units = hours * kUnitsPerHour + steps * UnitsPerStep(parts.mode);
     return Status::Ok;
@@ -128,7 +122,7 @@ const TimeRules& TimeRulesOfMode(const ModeRules& mode) noexcept
     return mode.technical ? kTechnical : kStandard;
 }
 
-Status ShowDuration(Duration value, const TimeRules& rules, std::string& text)
+Status ShowDuration(Duration value, const TimeRules& rules, TextBuffer& text)
 {
     const char sign = SignOf(value.units, rules);
     if (sign == '-' && rules.sign.place == SignPlace::None)
@@ -140,27 +134,31 @@ Status ShowDuration(Duration value, const TimeRules& rules, std::string& text)
 
     const std::uint32_t magnitude = value.units < 0 ? 0U - static_cast<std::uint32_t>(value.units)
                                                     : static_cast<std::uint32_t>(value.units);
-    const std::string hours = std::to_string(magnitude / kUnitsPerHour);
+    char hourDigits[zelrt::kMostDigits32];
+    const std::string_view hours(hourDigits,
+                                 zelrt::WriteDigits(magnitude / kUnitsPerHour, hourDigits));
     if (rules.mostHourDigits != 0 && hours.size() > rules.mostHourDigits)
         return Status::NotAllowed;
-    const std::string padding(rules.hourWidth > hours.size() ? rules.hourWidth - hours.size() : 0,
-                              rules.fill);
+    const std::size_t padding = rules.hourWidth > hours.size() ? rules.hourWidth - hours.size() : 0;
 
+    constexpr std::size_t signAndFraction = 2 + kFractionDigits;
+    char* out = text.Make(padding + hours.size() + signAndFraction);
     // Zeros belong to the digits and stand behind the sign, everything else stands before it.
-    std::string shown = rules.fill == '0' ? std::string() : padding;
+    if (rules.fill != '0')
+        out = std::fill_n(out, padding, rules.fill);
     if (sign != '\0' && rules.sign.place == SignPlace::Front)
-        shown += sign;
+        *out++ = sign;
     if (rules.fill == '0')
-        shown += padding;
-    shown += hours;
+        out = std::fill_n(out, padding, '0');
+    out = Put(hours, out);
     if (mode != TimeMode::Hours) {
         if (rules.separated)
-            shown += SeparatorOf(mode, rules);
-        shown += TwoDigits(magnitude % kUnitsPerHour / UnitsPerStep(mode));
+            *out++ = SeparatorOf(mode, rules);
+        out = zelrt::WriteTwoDigits(magnitude % kUnitsPerHour / UnitsPerStep(mode), out);
     }
     if (sign != '\0' && rules.sign.place == SignPlace::Behind)
-        shown += sign;
-    text = std::move(shown);
+        *out++ = sign;
+    text.EndAt(out);
     return Status::Ok;
 }
 
@@ -175,7 +173,7 @@ Status ReadDuration(std::string_view text, const TimeRules& rules, Duration& val
     const TimeMode mode = rules.mode == TimeMode::Own ? value.mode : rules.mode;
     const bool split =
         rules.separated ? SplitSeparated(rest, rules, parts) : SplitUnseparated(rest, mode, parts);
-    if (!split || parts.hours.empty() || !AreDigits(parts.hours) || !AreDigits(parts.fraction))
+    if (!split || parts.hours.empty())
         return Status::Mismatch;
     std::uint32_t units = 0;
     const Status status = UnitsOf(parts, rules, units);

@@ -6,9 +6,9 @@
 
 #include "platform/formats/rules.h"
 #include "platform/formats/status.h"
+#include "platform/formats/textbuffer.h"
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 namespace zelformat {
@@ -27,7 +27,7 @@ const TimeRules& TimeRulesOfMode(const ModeRules& mode) noexcept;
 /// fraction left over shows minutes when the rules leave the mode to the value; an undecided one
 /// shows minutes too. NotAllowed for a negative duration without sign, for hours of more digits
 /// than the rules have, and for minutes shown that way where no separator would tell.
-Status ShowDuration(Duration value, const TimeRules& rules, std::string& text);
+Status ShowDuration(Duration value, const TimeRules& rules, TextBuffer& text);
 
 /// `value.mode` matters before the call only where the rules leave the mode to the value and have
 /// no separator (undecided: whole hours); otherwise the text shows its mode, whole hours when there

@@ -136,6 +136,15 @@ TEST(ShownDates, FieldsOfAnyNumberNeverCrash)
         // Fields that are not shown may hold anything.
         EXPECT_EQ(ShowDate(Date({.kind = ZelFormat::ZelFoUhrzeit}), value), "14:07");
     }
+    // The low byte of these is a day or a month.
+    for (const int cut : {256 + 5, 57346, -251}) {
+        std::tm value = ToTm({});
+        value.tm_mday = cut;
+        EXPECT_EQ(ShowDate(Standard(), value), "<8>") << cut;
+        value = ToTm({});
+        value.tm_mon = cut;
+        EXPECT_EQ(ShowDate(Standard(), value), "<8>") << cut;
+    }
     std::tm value = ToTm({});
     value.tm_hour = 99;
     EXPECT_EQ(ShowDate(Date({}), value), "05.03.2000");
@@ -170,7 +179,7 @@ TEST(ShownDates, EveryOption)
         {{.month = 1}, {}, "05.M\xE4r.2000"},
         {{.month = 2}, {}, "05.M\xE4rz.2000"},
         {{.separator = 2, .month = 1}, {24, 12, 2000, 0, 0, 0}, "24-Dez-2000"},
-        {{.separator = 3, .month = 2, .twoDigits = 0}, {}, "5M\xE4rz2000"},
+        {{.separator = 3, .month = 2, .twoDigits = 0}, {}, "05M\xE4rz2000"},
         {{.kind = 1, .twoDigits = 0}, {5, 3, 2000, 9, 7, 0}, "5.3.2000 9:07"},
         {{.kind = 1, .fillChar = ' '}, {5, 3, 2000, 9, 7, 0}, " 5. 3.2000  9:07"},
         {{.kind = 4, .fillChar = ' '}, {5, 3, 2000, 9, 7, 0}, " 9:07"},
@@ -345,7 +354,7 @@ TEST(ReadDates, ByOption)
         {{.month = 2}, "24.Maerz.2000", 21, {}},
         {{.month = 2}, "31.Juni.2000", 8, {}},
         {{.separator = 3, .month = 1}, "5Mai2000", 0, {5, 5, 2000, 23, 58, 57}},
-        {{.separator = 3, .month = 1}, "05052000", 21, {}},
+        {{.separator = 3, .month = 1}, "05052000", 0, {5, 5, 2000, 23, 58, 57}},
         // what fills to two digits
         {{.kind = 1, .fillChar = ' '}, " 5. 3.2000  9:07", 0, {5, 3, 2000, 9, 7, 0}},
         {{.kind = 1, .fillChar = '_'}, "_5._3.2000 _9:07", 0, {5, 3, 2000, 9, 7, 0}},

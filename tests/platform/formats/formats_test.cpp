@@ -144,9 +144,9 @@ ZelFormat TimeOf(int kind, int shape, int sign, int whichSign, unsigned long pla
                      static_cast<ZelFormat::FormatVorzeichenWelches>(whichSign), places, 1, fill);
 }
 
-ZelFormat TextOf(unsigned long most, unsigned long mask, int fill)
+ZelFormat TextOf(unsigned long most, unsigned long mask, int fill, char fillChar = ' ')
 {
-    return ZelFormat(most, mask, static_cast<ZelFormat::FormatAuffuellen>(fill), ' ');
+    return ZelFormat(most, mask, static_cast<ZelFormat::FormatAuffuellen>(fill), fillChar);
 }
 
 TEST(UnknownSettings, FailAtTheFirstUse)
@@ -183,6 +183,8 @@ TEST(UnknownSettings, FailAtTheFirstUse)
         TextOf(0, 0xFFFFFFFE, 0),
         TextOf(0, 1, 3),
         TextOf(0x80000000UL, 1, 0),
+        TextOf(5, 31, 1, '\0'),
+        TextOf(5, 31, 2, '\0'),
         ZelFormat(static_cast<ZelFormat::FormatModus>(2)),
         ZelFormat(static_cast<ZelFormat::FormatModus>(-1))};
     int index = 0;

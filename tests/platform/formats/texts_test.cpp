@@ -73,6 +73,7 @@ TEST(Strings, LengthAndFill)
     EXPECT_EQ(ShowText(Text(5), "abcde"), "abcde");
     EXPECT_EQ(ShowText(Text(5), "abcdef"), "<11>");
     EXPECT_EQ(ShowText(Text(5), "ab"), "ab");
+    EXPECT_EQ(ShowText(Text(5, kAll, ZelFormat::ZelFoAuffuellenOhne, '\0'), "ab"), "ab");
     EXPECT_EQ(ShowText(left, "ab"), "...ab");
     EXPECT_EQ(ShowText(right, "ab"), "ab   ");
     EXPECT_EQ(ShowText(right, ""), "     ");
