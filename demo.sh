@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
-# Shows the library's main job on the sample data: installs what is missing, builds zelconv and two
-# example programs, converts the customers of examples/data/kunden.csv into every form, and computes
-# what they bought, and when they get it, from the orders of auftraege.csv. What it makes lies in a
-# temporary folder and is gone afterwards; the build stays in build/demo.
+# Shows the library's main job on the sample data: installs what is missing, builds zelconv and three
+# example programs, converts the customers of examples/data/kunden.csv into every form, computes
+# what they bought, and when they get it, from the orders of auftraege.csv, and changes one of these
+# orders in a dialog. What it makes lies in a temporary folder and is gone afterwards; the build
+# stays in build/demo.
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -18,7 +19,7 @@ begin() {
 
 build() {
   cmake --preset release -B build/demo -DZELDT_BUILD_TESTS=OFF &&
-    cmake --build build/demo --target zelconv example_umsatz example_termine
+    cmake --build build/demo --target zelconv example_umsatz example_termine example_auftragsmaske
 }
 
 # Shows a call as it could be typed, then makes it.
@@ -59,7 +60,7 @@ if ! build >"$work/build.log" 2>&1; then
   tail -n 40 "$work/build.log"
   false
 fi
-echo "built: build/demo/bin/zelconv, build/demo/bin/umsatz, build/demo/bin/termine"
+echo "built in build/demo/bin: zelconv, umsatz, termine, auftragsmaske"
 
 begin "customers in house order, as a display table"
 convert_sample "$customers" --to display --sort Name --rejects "$work/rejects.txt" "$sample" "$work/table.txt"
@@ -118,6 +119,14 @@ echo "..."
 sed -n '/^Alle/,/^Abgewiesene/p' "$work/report.txt"
 grep -m 8 -E ', (Auftragsdatum|Faellig|Arbeitszeit|Express|Status): ' "$work/report.txt"
 echo "..."
+
+begin "one order in a dialog, typed into without a screen"
+printf '%s\n' 'Menge=1.200' 'Faellig=31.02.2022' '[OK]' 'Faellig=28.02.2022' 'Teillieferung=Ja' \
+  >"$work/eingaben.txt"
+run build/demo/bin/auftragsmaske --tippe "$work/eingaben.txt" "$sample_orders" 100004 \
+  --sql "$work/auftrag.sql" --archiv "$work/auftrag.arc" | sed "s|$work/||g"
+cat "$work/auftrag.sql"
+run build/demo/bin/auftragsmaske --lies "$work/auftrag.arc"
 
 echo
 echo "demo.sh: done"

@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are missing: install-packages.sh GROUP...
 #
-#   build    compiler, build system, GoogleTest
-#   tools    what zelconv and its tests stand on
-#   windows  compiler for 64-bit Windows, and Wine to run what it makes
-#   lint     clang, clang-format, clang-tidy
-#   fuzz     clang with its fuzzer
-#   bench    Google Benchmark and the libraries to measure against
+#   build       compiler, build system, GoogleTest
+#   tools       what zelconv and its tests stand on
+#   windows     compiler for 64-bit Windows, and Wine to run what it makes
+#   screenshot  a display in memory, and programs that make a picture of it
+#   lint        clang, clang-format, clang-tidy
+#   fuzz        clang with its fuzzer
+#   bench       Google Benchmark and the libraries to measure against
 #
 # Nothing is fetched when everything is there.
 set -euo pipefail
@@ -15,6 +16,7 @@ declare -A packages_of=(
   [build]="g++ cmake ninja-build ccache libgtest-dev libgmock-dev pkgconf"
   [tools]="libcli11-dev libcsv-dev python3"
   [windows]="wine wine64 g++-mingw-w64-x86-64-posix googletest"
+  [screenshot]="xvfb x11-apps netpbm fonts-wine"
   [lint]="clang clang-format-14 clang-tidy-14 git"
   [fuzz]="clang libclang-rt-14-dev"
   [bench]="libbenchmark-dev libicu-dev libfmt-dev libcereal-dev libboost-serialization-dev libboost-dev

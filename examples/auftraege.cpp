@@ -36,7 +36,7 @@ CsvFile::CsvFile(const std::string& name, const std::vector<std::string>& column
 {
     Row header;
     if (!m_file || !Next(header) || header.cells != columns)
-        throw std::runtime_error(name + ": no such file, or other columns in it");
+        throw std::runtime_error(name + ": keine solche Datei, oder mit anderen Spalten");
 }
 
 bool CsvFile::Next(Row& row)
@@ -97,6 +97,11 @@ void Read(const std::string& cell, const std::string& column, ZelDtBasis& value)
     } catch (ZelDtExcep* error) {
         throw Refusal{column, ReasonOf(error)};
     }
+    Require(value, column);
+}
+
+void Require(const ZelDtBasis& value, const std::string& column)
+{
     if (value.IsMissing())
         throw Refusal{column, "Angabe fehlt"};
 }
@@ -126,6 +131,11 @@ Order::Order(const CsvFile& file, const Row& row)
     read(11, status);
     // A price has two decimals.
     price.Round(-2, ZelDtDecimal::RundungKaufmaennisch);
+    Check();
+}
+
+void Order::Check() const
+{
     if (due.IsDefined() && due < ZelDtDateZp(ordered))
         throw Refusal{"Faellig", "Fällig vor dem Auftrag"};
     if (status != kOpen && status != kDelivered && status != kPaid)

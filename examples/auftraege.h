@@ -60,6 +60,9 @@ std::string ReasonOf(ZelDtExcep* error);
 /// undefined; whether that will do is a matter of its working mode.
 void Read(const std::string& cell, const std::string& column, ZelDtBasis& value);
 
+/// Refuses a value that is missing. One that is Null will do.
+void Require(const ZelDtBasis& value, const std::string& column);
+
 struct Order {
     ZelDtLong number{ZelDtWmMissing};
     ZelDtLong customer{ZelDtWmMissing};
@@ -78,8 +81,12 @@ struct Order {
     static constexpr char kDelivered = 'L';
     static constexpr char kPaid = 'B';
 
+    Order() = default;
     /// Refuses a row that is no order.
     Order(const CsvFile& file, const Row& row);
+
+    /// Refuses values that do not go together. None may be missing.
+    void Check() const;
 };
 
 /// The columns of auftraege.csv.
