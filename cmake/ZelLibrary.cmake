@@ -25,12 +25,16 @@ function(zel_add_library name)
     if(WIN32)
       set_target_properties(${name} PROPERTIES PREFIX "")
     else()
-      # Calls inside a library stay inside it, as they do on Windows, and a library can be
-      # unloaded: a symbol that is unique in the process would keep it.
+      # Calls inside a library stay inside it, as they do on Windows.
       target_compile_options(${name} PRIVATE
-          $<$<CXX_COMPILER_ID:GNU>:-fno-semantic-interposition -fno-gnu-unique>)
+          $<$<CXX_COMPILER_ID:GNU>:-fno-semantic-interposition>)
       target_link_options(${name} PRIVATE -Wl,-Bsymbolic-functions)
     endif()
+  endif()
+  if(NOT WIN32)
+    # A symbol that is unique in the process would keep the library from being unloaded, one that
+    # came in with a static library too.
+    target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
   endif()
   add_library(${PROJECT_NAME}::${name} ALIAS ${name})
 

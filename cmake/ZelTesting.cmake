@@ -36,6 +36,9 @@ endfunction()
 #
 # zel_add_test_run(<test> <name> <locale>): the same program once more with other settings, for
 # example C.UTF-8 for OEM code page 437.
+#
+# zel_add_code_page_runs(<name>): the same program with every kind of settings that matters to OEM
+# code pages. ZEL_TEST_OEM_PAGE tells it which page the system has then.
 function(zel_add_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
   add_executable(${name} ${arg_SOURCES})
@@ -52,5 +55,18 @@ function(zel_add_test_run test name locale)
   # CMake puts the emulator for Windows programs in front.
   add_test(NAME ${test} COMMAND ${name})
   set_tests_properties(${test} PROPERTIES TIMEOUT 600)
-  zel_set_locale(${test} ${locale})
+  zel_set_locale(${test} "${locale}")
+endfunction()
+
+function(zel_add_code_page_runs name)
+  set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT ZEL_TEST_OEM_PAGE=850)
+  string(REGEX REPLACE "_test$" "" stem ${name})
+  foreach(setting neutral|C.UTF-8|437 american|en_US.UTF-8|437 british|en_GB.UTF-8|850)
+    string(REPLACE "|" ";" setting "${setting}")
+    list(GET setting 0 kind)
+    list(GET setting 1 locale)
+    list(GET setting 2 page)
+    zel_add_test_run(${stem}_${kind}_test ${name} ${locale})
+    set_property(TEST ${stem}_${kind}_test APPEND PROPERTY ENVIRONMENT ZEL_TEST_OEM_PAGE=${page})
+  endforeach()
 endfunction()

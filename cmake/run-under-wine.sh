@@ -29,6 +29,13 @@ flock 9
 if [ ! -e "$WINEPREFIX/.ready" ]; then
   LC_ALL="$locale" "$wine" wineboot -i >/dev/null 2>&1 9>&-
   "$wine" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null 2>&1 9>&-
+  # A program that crashes writes where and ends, rather than wait for somebody to close a dialog.
+  "$wine" reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f \
+    >/dev/null 2>&1 9>&-
+  # The desktop of this session began with other settings and makes no windows. Its end takes a
+  # while.
+  "$wine" wineboot -k >/dev/null 2>&1 9>&-
+  wineserver -w 9>&-
   touch "$WINEPREFIX/.ready"
 fi
 exec 9>&-

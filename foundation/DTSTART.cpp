@@ -4,6 +4,8 @@
 #include "platform/runtime/moduleentry.h"
 #include "platform/runtime/system.h"
 
+#include <new>
+
 namespace {
 
 AFX_EXTENSION_MODULE extensionModule;
@@ -22,7 +24,10 @@ bool zelrt::OnModuleAttach(HINSTANCE module)
     if (!AfxInitExtensionModule(extensionModule, module))
         return false;
     // Not owned here: the framework disposes of it when the module is terminated.
-    new CDynLinkLibrary(extensionModule);
+    if (new (std::nothrow) CDynLinkLibrary(extensionModule) == nullptr) {
+        AfxTermExtensionModule(extensionModule);
+        return false;
+    }
     ModuleFileName(&extensionModule, libraryFileName, sizeof libraryFileName);
     return true;
 }

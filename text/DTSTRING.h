@@ -345,10 +345,6 @@ private:
     void AppendText(const zeldt::Operation& operation, std::string_view text);
     static ZelDtString Joined(const zeldt::Operation& operation, std::string_view left,
                               std::string_view right);
-    /// What two values with these texts give: if one is undefined, the other as a string.
-    template <typename Left, typename Right>
-    static ZelDtString Sum(const zeldt::Operation& operation, const Left& left, const Right& right,
-                           std::string_view leftText, std::string_view rightText);
 
     ZelDtString_Imp* m_pImp;
 };

@@ -68,6 +68,18 @@ int Order(std::string_view left, std::string_view right)
     return zeldt::CompareInHouseOrder(left.data(), left.size(), right.data(), right.size());
 }
 
+/// What two values give: if one is undefined, the other as a string, else what `join` makes of
+/// them.
+template <typename Left, typename Right, typename Join>
+ZelDtString Sum(const Operation& operation, const Left& left, const Right& right, const Join& join)
+{
+    if (!left.IsDefined())
+        return Guarded(operation, [&] { return ZelDtString(right); });
+    if (!right.IsDefined())
+        return Guarded(operation, [&] { return ZelDtString(left); });
+    return join();
+}
+
 } // namespace
 
 char ZelDtString::operator[](int index) const
@@ -199,20 +211,10 @@ ZelDtString ZelDtString::Joined(const Operation& operation, std::string_view lef
     });
 }
 
-template <typename Left, typename Right>
-ZelDtString ZelDtString::Sum(const Operation& operation, const Left& left, const Right& right,
-                             std::string_view leftText, std::string_view rightText)
-{
-    if (!left.IsDefined())
-        return Guarded(operation, [&] { return ZelDtString(right); });
-    if (!right.IsDefined())
-        return Guarded(operation, [&] { return ZelDtString(left); });
-    return Joined(operation, leftText, rightText);
-}
-
 ZelDtString ZelDtString::operator+(const ZelDtString& right) const
 {
-    return Sum(kPlusString, *this, right, m_pImp->View(), right.m_pImp->View());
+    return Sum(kPlusString, *this, right,
+               [&] { return Joined(kPlusString, m_pImp->View(), right.m_pImp->View()); });
 }
 
 ZelDtString ZelDtString::operator+(const char* right) const
@@ -236,13 +238,17 @@ ZelDtString ZelDtString::operator+(char right) const
 ZelDtString ZelDtString::operator+(const ZelDtChar& right) const
 {
     const char character = right;
-    return Sum(kPlusCharValue, *this, right, m_pImp->View(), {&character, 1});
+    return Sum(kPlusCharValue, *this, right, [&] {
+        return Joined(kPlusCharValue, m_pImp->View(), {&character, 1});
+    });
 }
 
 ZelDtString operator+(const ZelDtChar& left, const ZelDtString& right)
 {
     const char character = left;
-    return ZelDtString::Sum(kCharValuePlus, left, right, {&character, 1}, right.m_pImp->View());
+    return Sum(kCharValuePlus, left, right, [&] {
+        return ZelDtString::Joined(kCharValuePlus, {&character, 1}, right.m_pImp->View());
+    });
 }
 
 ZelDtString operator+(const ZelDtChar& left, const ZelDtChar& right)

@@ -1,7 +1,11 @@
 #ifndef ZELDT_TESTS_SUPPORT_OEM_TABLES_H
 #define ZELDT_TESTS_SUPPORT_OEM_TABLES_H
 
+/// The OEM code pages as published for Windows, and which of them the system has in this run.
+
 #include <array>
+#include <cstdlib>
+#include <string>
 
 namespace zeltest {
 
@@ -52,6 +56,43 @@ inline constexpr UpperHalf kOem437ToAnsi = {
     0x61, 0xDF, 0x47, 0x70, 0x53, 0x73, 0xB5, 0x74, 0x46, 0x54, 0x4F, 0x64, 0x38, 0x66, 0x65, 0x6E,
     0x3D, 0xB1, 0x3D, 0x3D, 0x28, 0x29, 0xF7, 0x98, 0xB0, 0xB7, 0xB7, 0x76, 0x6E, 0xB2, 0xA6, 0xA0,
 };
+
+/// The OEM code page that the system has been set to: what the environment variable
+/// ZEL_TEST_OEM_PAGE says, 850 when it is not set.
+inline unsigned int SystemOemPage()
+{
+    const char* page = std::getenv("ZEL_TEST_OEM_PAGE");
+    return page != nullptr && std::string(page) == "437" ? 437U : 850U;
+}
+
+inline const UpperHalf& AnsiToSystemOem()
+{
+    return SystemOemPage() == 850 ? kAnsiToOem850 : kAnsiToOem437;
+}
+
+inline const UpperHalf& SystemOemToAnsi()
+{
+    return SystemOemPage() == 850 ? kOem850ToAnsi : kOem437ToAnsi;
+}
+
+/// All bytes in the order of their codes, without NUL.
+inline std::string AllBytes()
+{
+    std::string all;
+    for (int code = 1; code < 256; ++code)
+        all.push_back(static_cast<char>(code));
+    return all;
+}
+
+inline std::string Converted(std::string text, const UpperHalf& table)
+{
+    for (char& c : text) {
+        const auto code = static_cast<unsigned char>(c);
+        if (code >= 0x80)
+            c = static_cast<char>(table[code - 0x80]);
+    }
+    return text;
+}
 
 } // namespace zeltest
 

@@ -254,60 +254,6 @@ TEST(SetAt, DefinesNothing)
     EXPECT_EQ(ContentOf(*leftover), (Content{"xbc", 0, 1}));
 }
 
-TEST(ConvertCodePage, EachDirection)
-{
-    struct Row {
-        ZelDtCodepageWandlung direction;
-        const char* text;
-        const char* expected;
-    };
-    const Row rows[] = {
-        {ZelDtCpAnsiToOem850, "\xE4\xE9x\x84\x82", "\x84\x82x\x22\x27"},
-        {ZelDtCpAnsiToOem437, "\xE4\xE9x\x84\x82", "\x84\x82x\x2C\x2C"},
-        {ZelDtCpOem850ToAnsi, "\x84\x82x\x81\x94\xE1", "\xE4\xE9x\xFC\xF6\xDF"},
-        {ZelDtCpOem437ToAnsi, "\x84\x82x\x81\x94\xE1", "\xE4\xE9x\xFC\xF6\xDF"},
-        {ZelDtCpAnsiToOem, "\xE4\xE9x", "\x84\x82x"},
-        {ZelDtCpOemToAnsi, "\x84\x82x", "\xE4\xE9x"},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(static_cast<int>(row.direction));
-        for (const int modifiedBefore : {0, 1}) {
-            ZelDtString s(row.text);
-            s.SetModified(modifiedBefore);
-            s.ConvertCodePage(row.direction);
-            EXPECT_EQ(ContentOf(s), (Content{row.expected, 1, 1}));
-            ZelDtString plain("ASCII only");
-            plain.SetModified(modifiedBefore);
-            plain.ConvertCodePage(row.direction);
-            EXPECT_EQ(ContentOf(plain), (Content{"ASCII only", 1, modifiedBefore}));
-            ZelDtString empty("");
-            empty.ConvertCodePage(row.direction);
-            EXPECT_EQ(ContentOf(empty), (Content{"", 1, 0}));
-        }
-    }
-}
-
-TEST(ConvertCodePage, RefusesAnUnknownDirection)
-{
-    const auto unknown = static_cast<ZelDtCodepageWandlung>(6);
-    ZelDtString s("\xE4");
-    EXPECT_TRUE(FailsWith([&] { s.ConvertCodePage(unknown); },
-                          FunctionError(19, "ConvertCodePage(ZelDtCodepageWandlung)")));
-    EXPECT_EQ(ContentOf(s), (Content{"\xE4", 1, 0}));
-}
-
-TEST(ConvertCodePage, LeavesAnUndefinedValueAlone)
-{
-    for (const ZelDtWorkingMode mode : {ZelDtWmMissing, ZelDtWmNull}) {
-        for (const int direction : {0, 5, 6}) {
-            const StringPtr s = Make({mode, "\xE4"});
-            Undefine(*s);
-            s->ConvertCodePage(static_cast<ZelDtCodepageWandlung>(direction));
-            EXPECT_EQ(ContentOf(*s), (Content{"\xE4", 0, 0}));
-        }
-    }
-}
-
 TEST(OwnText, AsArgumentOfEveryFunction)
 {
     ZelDtString insert("abc");

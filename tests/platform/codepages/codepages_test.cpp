@@ -1,10 +1,32 @@
 #include "platform/codepages/ZelEusy.h"
 
+#include "tests/support/oem_tables.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
 
-// The system settings of this program are German: ANSI 1252, OEM 850.
+using zeltest::AllBytes;
+using zeltest::Converted;
+
+TEST(CodePages, ConvertEveryByteByTheTablesOfTheSystem)
+{
+    const std::string toOem = Converted(AllBytes(), zeltest::AnsiToSystemOem());
+    const std::string toAnsi = Converted(AllBytes(), zeltest::SystemOemToAnsi());
+    std::string target(256, 'x');
+    ASSERT_EQ(ZelEusy_CharToOem(AllBytes().c_str(), target.data()), 1);
+    EXPECT_EQ(target, toOem + '\0');
+    target.assign(256, 'x');
+    ASSERT_EQ(ZelEusy_OemToChar(AllBytes().c_str(), target.data()), 1);
+    EXPECT_EQ(target, toAnsi + '\0');
+
+    std::string inPlace = AllBytes();
+    ASSERT_EQ(ZelEusy_CharToOem(inPlace.c_str(), inPlace.data()), 1);
+    EXPECT_EQ(inPlace, toOem);
+    inPlace = AllBytes();
+    ASSERT_EQ(ZelEusy_OemToChar(inPlace.c_str(), inPlace.data()), 1);
+    EXPECT_EQ(inPlace, toAnsi);
+}
 
 TEST(CodePages, UmlautsGoThereAndBack)
 {
@@ -20,7 +42,7 @@ TEST(CodePages, WhatIsLackingBecomesANearCharacter)
     const char source[] = "\202\204\200";
     char target[4] = "xxx";
     ASSERT_EQ(ZelEusy_CharToOem(source, target), 1);
-    EXPECT_STREQ(target, "'\"?");
+    EXPECT_STREQ(target, zeltest::SystemOemPage() == 850 ? "'\"?" : ",,?");
 }
 
 TEST(CodePages, NullPointersChangeNothing)
