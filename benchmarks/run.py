@@ -24,6 +24,13 @@ DECIMALS = (*ROUNDING, "boost-48", "boost-48-inline")
 # Those behind a call, as the library's are.
 CALLED = ("decimal128-34", "decnumber", "rust-29", "boost-48")
 
+# Who writes or reads the displayed form of each kind of value, separators included. Those that only
+# mark what the bare digits cost, to_chars and from_chars, have no bar.
+SHOWING = ("snprintf", "strftime", "fmt", "fmt-locale", "fmt-chrono", "icu", "icu-unumf")
+READING = ("sscanf", "strptime", "icu")
+DISPLAYED = ("long", "long-groups", "double-money", "double-rounded", "double", "decimal-money",
+             "date", "date-time", "time")
+
 # The least ratio peer / ours that is wanted. Below 1 the peer is a limit that does less. A bar for
 # several peers stands at the fastest of them.
 BARS = {
@@ -64,6 +71,8 @@ BARS = {
     "archive/write-records": {"cereal": 5.0, "boost": 5.0},
     "archive/read-records": {"cereal": 5.0, "boost": 5.0},
     "archive/read-objects": {"malloc": 2.0},
+    **{f"{way}/show-{kind}": {SHOWING: 1.0} for way in ("format", "display") for kind in DISPLAYED},
+    **{f"{way}/read-{kind}": {READING: 1.0} for way in ("format", "display") for kind in DISPLAYED},
 }
 
 HEADINGS = ("job", "ours (ns)", "peer", "peer (ns)", "peer/ours", "bar", "reached")

@@ -23,8 +23,10 @@ bool zelrt::OnModuleAttach(HINSTANCE module)
 {
     if (!AfxInitExtensionModule(extensionModule, module))
         return false;
-    // Not owned here: the framework disposes of it when the module is terminated.
-    if (new (std::nothrow) CDynLinkLibrary(extensionModule) == nullptr) {
+    try {
+        // Not owned here: the framework disposes of it when the module is terminated.
+        new CDynLinkLibrary(extensionModule);
+    } catch (const std::bad_alloc&) {
         AfxTermExtensionModule(extensionModule);
         return false;
     }

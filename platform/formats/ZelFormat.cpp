@@ -233,9 +233,7 @@ void ZelFormat::ParseDateTime(const CString& text, FormatDatumUmfang scope, std:
     DateScope dateScope{};
     const bool known = ScopeOf(scope, dateScope);
     const DateRules* const rules = DateRulesFor(m_rules, dateScope);
-    std::tm unused{};
-    std::tm& target = value != nullptr ? *value : unused;
-    Check(known && rules != nullptr ? ReadDate(ViewOf(text), *rules, dateScope, target)
+    Check(known && rules != nullptr ? ReadDate(ViewOf(text), *rules, dateScope, value)
                                     : Status::NotAllowed,
           kParseDateTime);
 }

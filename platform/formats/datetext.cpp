@@ -351,7 +351,7 @@ Status ShowDate(const std::tm& value, const DateRules& rules, TextBuffer& text)
     return Status::Ok;
 }
 
-Status ReadDate(std::string_view text, const DateRules& rules, DateScope scope, std::tm& value)
+Status ReadDate(std::string_view text, const DateRules& rules, DateScope scope, std::tm* value)
 {
     DateReader reader(TrimBlanks(text), rules);
     CalendarDate date{};
@@ -368,19 +368,21 @@ Status ReadDate(std::string_view text, const DateRules& rules, DateScope scope, 
     if (!IsTimeOfDay(time.hour, time.minute, time.second))
         return Status::OutOfRange;
 
+    if (value == nullptr)
+        return Status::Ok;
     if (HasDate(rules.parts)) {
-        value.tm_mday = date.day;
-        value.tm_mon = date.month - 1;
-        value.tm_year = date.year - kTmBaseYear;
+        value->tm_mday = date.day;
+        value->tm_mon = date.month - 1;
+        value->tm_year = date.year - kTmBaseYear;
     }
     if (ReadsTime(rules.parts)) {
-        value.tm_hour = time.hour;
-        value.tm_min = time.minute;
-        value.tm_sec = time.second;
+        value->tm_hour = time.hour;
+        value->tm_min = time.minute;
+        value->tm_sec = time.second;
     }
-    value.tm_wday = 0;
-    value.tm_yday = 0;
-    value.tm_isdst = -1;
+    value->tm_wday = 0;
+    value->tm_yday = 0;
+    value->tm_isdst = -1;
     return Status::Ok;
 }
 

@@ -26,12 +26,12 @@ Status ShowDate(const std::tm& value, const DateRules& rules, TextBuffer& text);
 
 /// Blanks around the text are ignored; the year may have two digits (of the current century), four
 /// or five. A missing time is midnight. What the rules do not show stays as it is in `value`,
-/// except that seconds become 0 with the time. Mismatch for a text of another shape, OutOfRange
-/// for a date that the calendar does not have or a time beyond 23:59:59.
+/// except that seconds become 0 with the time; null is no target. Mismatch for a text of another
+/// shape, OutOfRange for a date that the calendar does not have or a time beyond 23:59:59.
 ///
 /// Without a separator, and with DateOnly in addition to the separated form, day and month number
 /// have two digits each, also where months have names.
-Status ReadDate(std::string_view text, const DateRules& rules, DateScope scope, std::tm& value);
+Status ReadDate(std::string_view text, const DateRules& rules, DateScope scope, std::tm* value);
 
 } // namespace zelformat
 

@@ -213,6 +213,8 @@ private:
         const double scaled = magnitude * kPowersOfTen[decimals];
         if (!(scaled < kSurelyDistinct))
             return false;
+        // A wrong neighbour does not give the same double back.
+        // NOLINTNEXTLINE(bugprone-incorrect-roundings)
         const auto whole = static_cast<std::uint64_t>(scaled + 0.5);
         if (static_cast<double>(whole) / kPowersOfTen[decimals] != magnitude)
             return false;

@@ -11,25 +11,27 @@
 
 namespace zelfw {
 
-/// A text for a call that wants a CString. A short one lies in this object and takes no memory; it
-/// counts as locked, so that whoever copies the CString gets a text of its own.
+/// A terminated text for a call that wants a CString. A short one lies in this object and takes no
+/// memory; it counts as locked, so that whoever copies the CString gets a text of its own.
 class TextArgument {
 public:
     /// The longest text that lies in the object.
     static constexpr std::size_t kRoom = 63;
 
     /// `text` is not null.
-    explicit TextArgument(const char* text)
-    {
-        const std::size_t length = std::strlen(text);
-        if (length <= kRoom)
-            Hold(text, length);
-        else
-            new (&m_string) CString(text);
-    }
+    explicit TextArgument(const char* text) : TextArgument(text, std::strlen(text)) {}
 
-    /// The first `length` bytes at `text`, at most kRoom.
-    TextArgument(const char* text, std::size_t length) { Hold(text, length); }
+    /// The same where the length is known.
+    TextArgument(const char* text, std::size_t length)
+    {
+        if (length > kRoom) {
+            new (&m_string) CString(text);
+            return;
+        }
+        new (&m_own.data) CStringData{-1, static_cast<int>(length), static_cast<int>(kRoom)};
+        std::memcpy(m_own.text, text, length + 1);
+        new (&m_string) CString(&m_own.data);
+    }
 
     ~TextArgument()
     {
@@ -43,14 +45,6 @@ public:
     operator const CString&() const noexcept { return m_string; }
 
 private:
-    void Hold(const char* text, std::size_t length)
-    {
-        new (&m_own.data) CStringData{-1, static_cast<int>(length), static_cast<int>(kRoom)};
-        std::memcpy(m_own.text, text, length);
-        m_own.text[length] = '\0';
-        new (&m_string) CString(&m_own.data);
-    }
-
     /// A text behind its data, as a CString has them.
     struct Own {
         CStringData data;

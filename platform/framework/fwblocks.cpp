@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <new>
 
 namespace zelfw {
 
@@ -33,18 +32,14 @@ constexpr std::size_t BlockSize(std::size_t index)
     return kSmallest + index * kStep;
 }
 
-struct FreeBlock {
-    FreeBlock* next;
-};
-
-struct FreeList {
-    FreeBlock* first;
+/// The blocks of one size that a thread keeps.
+struct KeptBlocks {
     std::size_t count;
+    void* blocks[kMostKept];
 };
 
-/// What a thread keeps.
 struct Cache {
-    FreeList lists[kKeptSizes];
+    KeptBlocks ofSize[kKeptSizes];
 };
 
 constinit bool open = false;
@@ -65,13 +60,8 @@ Cache* CacheOfThread() noexcept
 void FreeAll(void* pointer)
 {
     auto* const cache = static_cast<Cache*>(pointer);
-    for (const FreeList& list : cache->lists) {
-        for (FreeBlock* block = list.first; block != nullptr;) {
-            FreeBlock* const next = block->next;
-            std::free(block);
-            block = next;
-        }
-    }
+    for (const KeptBlocks& kept : cache->ofSize)
+        std::for_each(kept.blocks, kept.blocks + kept.count, [](void* block) { std::free(block); });
     std::free(cache);
 }
 
@@ -111,12 +101,9 @@ void* TakeBlock(std::size_t size) noexcept
     const std::size_t index = SizeIndex(size);
     if (index < kKeptSizes) {
         Cache* const cache = CacheOfThread();
-        if (cache != nullptr && cache->lists[index].first != nullptr) {
-            FreeList& list = cache->lists[index];
-            FreeBlock* const block = list.first;
-            list.first = block->next;
-            --list.count;
-            return block;
+        if (cache != nullptr && cache->ofSize[index].count != 0) {
+            KeptBlocks& kept = cache->ofSize[index];
+            return kept.blocks[--kept.count];
         }
     }
     return std::malloc(BlockSize(index));
@@ -129,10 +116,9 @@ void ReturnBlock(void* block, std::size_t size) noexcept
         Cache* cache = CacheOfThread();
         if (cache == nullptr)
             cache = MakeCache();
-        if (cache != nullptr && cache->lists[index].count < kMostKept) {
-            FreeList& list = cache->lists[index];
-            list.first = new (block) FreeBlock{list.first};
-            ++list.count;
+        if (cache != nullptr && cache->ofSize[index].count < kMostKept) {
+            KeptBlocks& kept = cache->ofSize[index];
+            kept.blocks[kept.count++] = block;
             return;
         }
     }

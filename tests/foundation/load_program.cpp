@@ -37,7 +37,7 @@ int main(int argc, char* argv[])
             return failed;
     }
     const std::size_t after = zeltest::UsedMemory();
-    if (times <= kFirst || after <= before + 64 * 1024)
+    if (times <= kFirst || after <= before + 32 * 1024)
         return 0;
     std::printf("memory grew from %zu to %zu bytes\n", before, after);
     return 4;

@@ -1,9 +1,9 @@
 /// Numbers as people see and type them, by German conventions.
 ///
 /// snprintf, fmt, to_chars: digits by these, separators put in by a loop. fmt-locale: with the
-/// separators of a std::locale. icu, icu-unumf: formatters of ICU for German, made once.
-/// from_chars, sscanf: on a copy without group separators. Of these only ICU looks whether groups
-/// are well formed; to_chars and from_chars mark what the bare digits cost.
+/// separators of a std::locale. sscanf, from_chars: on a copy without groups, which nobody has
+/// looked at. icu, icu-unumf: formatters of ICU for German, made once. to_chars and from_chars mark
+/// what the bare digits cost.
 
 #include "benchmarks/inputs.h"
 #include "benchmarks/jobs.h"
@@ -149,7 +149,7 @@ void Require(UErrorCode status)
         Fail("icu", u_errorName(status));
 }
 
-/// Where its numbers begin and end with groups or not, and how many decimals they have.
+/// What the two kinds of formatters are told.
 struct IcuStyle {
     bool groups;
     int fewestDecimals;

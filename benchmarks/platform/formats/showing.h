@@ -140,28 +140,21 @@ public:
         m_alone.Add("ours", Share(std::move(texts)), read);
     }
 
-    /// Value objects, one for each text, by a format or, with null, the default one. `resultOf`
-    /// makes of them what `read` makes of the texts.
+    /// A value object, by a format or, with null, the default one. `resultOf` makes of it what
+    /// `read` makes of the texts.
     template <typename Value, typename ResultOf>
     void Values(const ZelFormat* format, const ResultOf&)
     {
-        struct Field {
-            const std::string* text;
-            std::unique_ptr<Value> value;
-        };
         struct Taken {
             const Value* value;
 
             auto ReadBack() const { return ResultOf{}(*value); }
         };
-        std::vector<Field> fields;
-        for (const std::string& text : *m_texts)
-            fields.push_back({&text, std::make_unique<Value>()});
-        m_taken.Add("ours", Share(std::move(fields)),
-                    [texts = m_texts, format](const Field& field) {
-                        field.value->SetFromOFL(field.text->c_str(), format);
-                        return Taken{field.value.get()};
-                    });
+        const auto value = std::make_shared<Value>();
+        m_taken.Add("ours", m_texts, [value, format](const std::string& text) {
+            value->SetFromOFL(text.c_str(), format);
+            return Taken{value.get()};
+        });
     }
 
     /// `read` makes a result of a text.

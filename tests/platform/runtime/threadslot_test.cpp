@@ -41,3 +41,27 @@ TEST(ThreadSlot, HandsThePointerOverWhenTheThreadEnds)
     zelrt::CloseThreadSlot();
     EXPECT_EQ(calls, 1);
 }
+
+TEST(ThreadSlot, SlotsAreIndependent)
+{
+    static std::atomic<void*> ended[zelrt::kThreadSlots];
+    zelrt::OpenThreadSlot([](void* pointer) { ended[0] = pointer; }, 0);
+    zelrt::OpenThreadSlot([](void* pointer) { ended[1] = pointer; }, 1);
+    int first = 0;
+    int second = 0;
+    std::thread([&] {
+        zelrt::SetThreadPointer(&second, 1);
+        EXPECT_EQ(zelrt::GetThreadPointer(0), nullptr);
+        zelrt::SetThreadPointer(&first, 0);
+        EXPECT_EQ(zelrt::GetThreadPointer(0), &first);
+        EXPECT_EQ(zelrt::GetThreadPointer(1), &second);
+    }).join();
+    EXPECT_EQ(ended[0], &first);
+    EXPECT_EQ(ended[1], &second);
+
+    zelrt::CloseThreadSlot(0);
+    zelrt::SetThreadPointer(&second, 1);
+    EXPECT_EQ(zelrt::GetThreadPointer(1), &second);
+    zelrt::CloseThreadSlot(1);
+    EXPECT_EQ(zelrt::GetThreadPointer(1), nullptr);
+}
