@@ -44,11 +44,17 @@ function(zel_add_test name)
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}")
   target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} ${zel_gtest})
-  target_compile_features(${name} PRIVATE cxx_std_20)
-  zel_configure_target(${name})
-  # Tests run for a moment but take long to optimise, with sanitizers four times as long as without.
-  target_compile_options(${name} PRIVATE -O0)
+  zel_configure_test(${name})
+  target_precompile_headers(${name} REUSE_FROM zel_test_precompiled)
   zel_add_test_run(${name} ${name} de_DE.UTF-8)
+endfunction()
+
+# zel_configure_test(<target>): the settings that test programs and their precompiled headers share.
+function(zel_configure_test target)
+  target_compile_features(${target} PRIVATE cxx_std_20)
+  zel_configure_target(${target})
+  # Tests run for a moment but take long to optimise, with sanitizers four times as long as without.
+  target_compile_options(${target} PRIVATE -O0)
 endfunction()
 
 function(zel_add_test_run test name locale)

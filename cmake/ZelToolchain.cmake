@@ -19,7 +19,9 @@ if(PROJECT_IS_TOP_LEVEL)
 
   find_program(CCACHE_PROGRAM ccache)
   if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-    set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+    # The two settings let it work with precompiled headers.
+    set(CMAKE_CXX_COMPILER_LAUNCHER
+        "${CMAKE_COMMAND};-E;env;CCACHE_SLOPPINESS=pch_defines,time_macros;${CCACHE_PROGRAM}")
   endif()
 endif()
 
