@@ -255,12 +255,12 @@ TEST(EveryScale, OfTheModelActsAlikeFarOff)
     for (const Decimal& magnitude : Magnitudes()) {
         for (const std::int32_t scale : {kLeastScale, -20000, -401, 401, 20000, kLargestScale}) {
             const Decimal number = {magnitude.negative, magnitude.mantissa, scale};
-            const Decimal near = {magnitude.negative, magnitude.mantissa, Near(scale)};
+            const Decimal close = {magnitude.negative, magnitude.mantissa, Near(scale)};
             for (const Operation& operation : kOperations)
-                EXPECT_EQ(WordsOf(operation.rule(number)), WordsOf(operation.rule(near)))
+                EXPECT_EQ(WordsOf(operation.rule(number)), WordsOf(operation.rule(close)))
                     << operation.name << " for x = " << number;
-            EXPECT_EQ(model::ToDouble(number), model::ToDouble(near));
-            EXPECT_EQ(model::Compare(number, Ordinary()), model::Compare(near, Ordinary()));
+            EXPECT_EQ(model::ToDouble(number), model::ToDouble(close));
+            EXPECT_EQ(model::Compare(number, Ordinary()), model::Compare(close, Ordinary()));
         }
     }
 }

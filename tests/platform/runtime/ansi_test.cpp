@@ -32,11 +32,11 @@ TEST(AnsiCase, LettersMapToEachOther)
 
 TEST(AnsiCase, OtherBytesStay)
 {
-    for (unsigned char byte : {0x00, 0x20, 0x30, 0x40, 0x5B, 0x60, 0x7B, 0x80, 0xD7, 0xF7}) {
-        EXPECT_EQ(AnsiToUpper(byte), byte);
-        EXPECT_EQ(AnsiToLower(byte), byte);
-        EXPECT_FALSE(AnsiIsUpper(byte));
-        EXPECT_FALSE(AnsiIsLower(byte));
+    for (unsigned char code : {0x00, 0x20, 0x30, 0x40, 0x5B, 0x60, 0x7B, 0x80, 0xD7, 0xF7}) {
+        EXPECT_EQ(AnsiToUpper(code), code);
+        EXPECT_EQ(AnsiToLower(code), code);
+        EXPECT_FALSE(AnsiIsUpper(code));
+        EXPECT_FALSE(AnsiIsLower(code));
     }
     for (unsigned char letter : {0xDF, 0xB5, 0x83}) {
         EXPECT_EQ(AnsiToUpper(letter), letter);
@@ -73,8 +73,8 @@ TEST(OemTranslation, LettersOfBothCodePagesSurviveTheWayBack)
     // Everything that German, French and Spanish texts need beyond ASCII.
     for (const char* letters = "\304\326\334\344\366\374\337\351\350\340\350\347\361\361\372";
          *letters != '\0'; ++letters) {
-        const auto byte = static_cast<unsigned char>(*letters);
-        EXPECT_EQ(zelrt::kOem850ToAnsi[zelrt::kAnsiToOem850[byte]], byte);
-        EXPECT_EQ(zelrt::kOem437ToAnsi[zelrt::kAnsiToOem437[byte]], byte);
+        const auto code = static_cast<unsigned char>(*letters);
+        EXPECT_EQ(zelrt::kOem850ToAnsi[zelrt::kAnsiToOem850[code]], code);
+        EXPECT_EQ(zelrt::kOem437ToAnsi[zelrt::kAnsiToOem437[code]], code);
     }
 }
