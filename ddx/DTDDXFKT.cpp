@@ -57,9 +57,11 @@ void ReadFrom(HWND control, ZelDtBasis& value)
     if (length < 0 || length == std::numeric_limits<int>::max())
         return;
     CString text;
-    if (GetWindowTextA(control, text.GetBuffer(length), length + 1) == 0)
+    LPTSTR buffer = text.GetBuffer(length);
+    if (GetWindowTextA(control, buffer, length + 1) == 0)
         return;
-    // Up to the NUL: how much was copied is what the control says.
+    // Up to the NUL, because how much was copied is what the control says; it may have set none.
+    buffer[length] = '\0';
     text.ReleaseBuffer();
     value.SetFromOFL(text, nullptr);
 }
