@@ -36,7 +36,13 @@ install(FILES
     "${PROJECT_BINARY_DIR}/${PROJECT_NAME}ConfigVersion.cmake"
     DESTINATION "${zel_package_dir}")
 
-configure_file("${PROJECT_SOURCE_DIR}/cmake/${PROJECT_NAME}.pc.in"
-    "${PROJECT_BINARY_DIR}/${PROJECT_NAME}.pc" @ONLY)
-install(FILES "${PROJECT_BINARY_DIR}/${PROJECT_NAME}.pc"
-    DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+set(zel_packages ${PROJECT_NAME})
+if(TARGET ZELQRNRS001)
+  list(APPEND zel_packages ZELQRNRS001)
+endif()
+foreach(package IN LISTS zel_packages)
+  configure_file("${PROJECT_SOURCE_DIR}/cmake/${package}.pc.in"
+      "${PROJECT_BINARY_DIR}/${package}.pc" @ONLY)
+  install(FILES "${PROJECT_BINARY_DIR}/${package}.pc"
+      DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+endforeach()

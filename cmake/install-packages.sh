@@ -3,6 +3,7 @@
 #
 #   build       compiler, build system, GoogleTest
 #   tools       what zelconv and its tests stand on
+#   recordsets  ODBC with the drivers of SQLite and MariaDB, and both databases
 #   windows     compiler for 64-bit Windows, and Wine to run what it makes
 #   screenshot  a display in memory, and programs that make a picture of it
 #   lint        clang, clang-format, clang-tidy
@@ -15,6 +16,7 @@ set -euo pipefail
 declare -A packages_of=(
   [build]="g++ cmake ninja-build ccache libgtest-dev libgmock-dev pkgconf"
   [tools]="libcli11-dev libcsv-dev python3"
+  [recordsets]="unixodbc-dev libsqliteodbc odbc-mariadb mariadb-server sqlite3"
   [windows]="wine wine64 g++-mingw-w64-x86-64-posix googletest"
   [screenshot]="xvfb x11-apps netpbm fonts-wine"
   [lint]="clang clang-format-14 clang-tidy-14 git"

@@ -5,6 +5,7 @@
 
 #include "platform/framework/fwrecset.h"
 
+#include <cstddef>
 #include <vector>
 
 namespace zelfw {
@@ -14,7 +15,20 @@ enum class DirtyMark { NotSet, Dirty, Clean };
 
 enum class EditMode { None, Adding, Editing };
 
+/// Makes a value one of the given kind and null, without giving its text's buffer away.
+inline void ResetValue(CFieldValue& value, CFieldKind kind)
+{
+    value.kind = kind;
+    value.isNull = true;
+    value.integer = 0;
+    value.real = 0;
+    value.time = TIMESTAMP_STRUCT();
+    if (!value.text.IsEmpty())
+        value.text.Truncate(0);
+}
+
 struct FieldState {
+    const void* address = nullptr; ///< of the member
     CFieldDescription description;
     bool isNull = false;
     bool isDirty = false; ///< result of the last MarkFor... operation
@@ -33,10 +47,36 @@ struct FieldState {
 };
 
 struct RecordsetFields {
+    /// The only field of a member; null when there is none or several, and for a null address.
+    FieldState* Find(const void* address);
+
+    /// To be called when the members are known.
+    void NoteMembers();
+
     std::vector<FieldState> columns;
     EditMode mode = EditMode::None;
     CRecordsetEngine* engine = nullptr;
     bool isPrepared = false;
+
+    /// The names and markers of the fields that the last Update wrote, for programs that write the
+    /// same fields again and again.
+    struct Texts {
+        CString names;
+        CString markers;
+    };
+
+    /// The texts for the fields that are dirty now, null when they have to be made.
+    const Texts* FindTexts() const;
+    void KeepTexts(const CFieldChanges& changes);
+
+private:
+    std::vector<bool> DirtyFields() const;
+
+    Texts m_texts;
+    std::vector<bool> m_textsFields; ///< whether the field is in the texts
+    EditMode m_textsMode = EditMode::None;
+    bool m_hasSharedMembers = false;
+    std::size_t m_lastFound = 0; ///< programs ask for the fields one after the other
 };
 
 /// Throws a CDBException whose text names the field.

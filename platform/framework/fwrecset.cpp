@@ -4,7 +4,9 @@
 
 #include "platform/framework/fwfields.h"
 
+#include <algorithm>
 #include <atomic>
+#include <functional>
 #include <utility>
 
 IMPLEMENT_DYNAMIC(CRecordset, CObject)
@@ -29,6 +31,52 @@ void CheckOneRecord(LONGLONG count)
 } // namespace
 
 CRecordsetEngine::~CRecordsetEngine() = default;
+
+// What is kept about the fields
+
+void zelfw::RecordsetFields::NoteMembers()
+{
+    std::vector<const void*> addresses;
+    for (const FieldState& field : columns)
+        addresses.push_back(field.address);
+    std::sort(addresses.begin(), addresses.end(), std::less<>());
+    m_hasSharedMembers = std::adjacent_find(addresses.begin(), addresses.end()) != addresses.end();
+    m_lastFound = 0;
+    m_textsMode = EditMode::None;
+}
+
+std::vector<bool> zelfw::RecordsetFields::DirtyFields() const
+{
+    std::vector<bool> dirty;
+    dirty.reserve(columns.size());
+    for (const FieldState& field : columns)
+        dirty.push_back(field.isDirty);
+    return dirty;
+}
+
+const zelfw::RecordsetFields::Texts* zelfw::RecordsetFields::FindTexts() const
+{
+    return m_textsMode == mode && m_textsFields == DirtyFields() ? &m_texts : nullptr;
+}
+
+void zelfw::RecordsetFields::KeepTexts(const CFieldChanges& changes)
+{
+    m_texts = {changes.names, changes.markers};
+    m_textsFields = DirtyFields();
+    m_textsMode = mode;
+}
+
+zelfw::FieldState* zelfw::RecordsetFields::Find(const void* address)
+{
+    if (address == nullptr || m_hasSharedMembers)
+        return nullptr;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        m_lastFound = m_lastFound + 1 < columns.size() ? m_lastFound + 1 : 0;
+        if (columns[m_lastFound].address == address)
+            return &columns[m_lastFound];
+    }
+    return nullptr;
+}
 
 CRecordset::CRecordset(CDatabase* pDatabase)
     : m_pDatabase(pDatabase), m_fields(std::make_unique<zelfw::RecordsetFields>())
@@ -80,6 +128,7 @@ void CRecordset::Prepare()
         return;
     m_fields->columns.clear();
     Exchange(CFieldExchange::BindFieldToColumn);
+    m_fields->NoteMembers();
     m_fields->isPrepared = true;
 }
 
@@ -94,13 +143,26 @@ BOOL CRecordset::ExchangeMark(UINT operation, const void* pv, BOOL mark)
     return pass.m_bMark;
 }
 
+// Asking for null marks is what a program does for every field of every record: these two do not
+// pass over all fields for one.
+
 BOOL CRecordset::IsFieldNull(const void* pv)
 {
+    Prepare();
+    if (const zelfw::FieldState* const field = m_fields->Find(pv))
+        return field->isNull;
     return ExchangeMark(CFieldExchange::IsFieldNull, pv, FALSE);
 }
 
 void CRecordset::SetFieldNull(const void* pv, BOOL bNull)
 {
+    Prepare();
+    zelfw::FieldState* const field = bNull ? nullptr : m_fields->Find(pv);
+    if (field != nullptr) {
+        field->isNull = false;
+        field->wasSetNull = false;
+        return;
+    }
     ExchangeMark(CFieldExchange::SetFieldNull, pv, bNull);
 }
 
@@ -215,11 +277,11 @@ const CString& CRecordset::GetSQL() const
 void CRecordset::ReadRecord()
 {
     // All columns are fetched and checked before the first member changes.
+    CRecordsetEngine& engine = Engine();
     UINT column = 0;
     for (zelfw::FieldState& field : m_fields->columns) {
-        field.fetched = CFieldValue();
-        field.fetched.kind = field.description.kind;
-        Engine().GetValue(++column, field.fetched);
+        zelfw::ResetValue(field.fetched, field.description.kind);
+        engine.GetValue(++column, field.fetched);
         zelfw::CheckFieldValue(field.description, field.fetched);
     }
     Exchange(CFieldExchange::Fixup);
@@ -370,20 +432,25 @@ CFieldChanges CRecordset::CollectChanges()
     Exchange(isNew ? CFieldExchange::MarkForAddNew : CFieldExchange::MarkForUpdate);
 
     CFieldChanges changes;
-    CFieldExchange names(CFieldExchange::Name, this);
-    names.m_pstr = &changes.names;
-    if (isNew)
-        DoFieldExchange(&names);
-
+    changes.fields.reserve(m_fields->columns.size());
     CFieldExchange values(isNew ? CFieldExchange::Value : CFieldExchange::NameValue, this);
-    values.m_pstr = &changes.markers;
     values.m_pTransfers = &changes.fields;
+    if (const zelfw::RecordsetFields::Texts* const texts = m_fields->FindTexts()) {
+        DoFieldExchange(&values);
+        changes.names = texts->names;
+        changes.markers = texts->markers;
+        return changes;
+    }
+    values.m_pstr = &changes.markers;
     DoFieldExchange(&values);
-
-    if (isNew && !changes.fields.empty())
+    changes.markers = WithoutSeparator(changes.markers, values.m_lpszSeparator);
+    if (isNew) {
+        CFieldExchange names(CFieldExchange::Name, this);
+        names.m_pstr = &changes.names;
+        DoFieldExchange(&names);
         changes.names = WithoutSeparator(changes.names, names.m_lpszSeparator);
-    if (!changes.fields.empty())
-        changes.markers = WithoutSeparator(changes.markers, values.m_lpszSeparator);
+    }
+    m_fields->KeepTexts(changes);
     return changes;
 }
 

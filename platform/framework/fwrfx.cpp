@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <utility>
 
 namespace zelfw {
 
@@ -54,11 +55,11 @@ bool IsSameTime(const TIMESTAMP_STRUCT& left, const TIMESTAMP_STRUCT& right)
            left.fraction == right.fraction;
 }
 
-/// Whether a member held the same, apart from the null mark.
-bool IsSameContent(const CFieldValue& left, const CFieldValue& right)
+/// A value of the kind that is not null, for what a member holds to be put in.
+void StartValue(CFieldValue& value, CFieldKind kind)
 {
-    return left.integer == right.integer && IsSameNumber(left.real, right.real) &&
-           left.text == right.text && IsSameTime(left.time, right.time);
+    ResetValue(value, kind);
+    value.isNull = false;
 }
 
 /// A data member of a record set, whatever its type.
@@ -74,22 +75,17 @@ public:
 
     virtual void Prepare() {}
 
-    /// What the member holds, to be compared and given back by Set().
-    virtual CFieldValue Get() const = 0;
+    /// What the member holds, to be compared by Holds() and given back by Set().
+    virtual void Get(CFieldValue& value) const = 0;
     virtual void Set(const CFieldValue& value) = 0;
 
+    /// Whether the member holds what Get() gave, apart from the null mark.
+    virtual bool Holds(const CFieldValue& value) const = 0;
+
     /// The same in the form in which the engine exchanges it; not yet checked for its range.
-    virtual CFieldValue Send() const { return Get(); }
+    virtual void Send(CFieldValue& value) const { Get(value); }
     virtual void Receive(const CFieldValue& value) { Set(value); }
 };
-
-CFieldValue NewValue(CFieldKind kind)
-{
-    CFieldValue value;
-    value.kind = kind;
-    value.isNull = false;
-    return value;
-}
 
 CFieldDescription NewDescription(CFieldKind kind)
 {
@@ -103,19 +99,18 @@ class IntegerMember : public FieldMember {
 public:
     explicit IntegerMember(T& member) : m_member(member) {}
     CFieldDescription Describe() const override { return NewDescription(kKind); }
-    CFieldValue Get() const override
+    void Get(CFieldValue& value) const override
     {
-        CFieldValue value = NewValue(kKind);
+        StartValue(value, kKind);
         value.integer = m_member;
-        return value;
     }
     void Set(const CFieldValue& value) override { m_member = static_cast<T>(value.integer); }
-    CFieldValue Send() const override
+    bool Holds(const CFieldValue& value) const override { return value.integer == m_member; }
+    void Send(CFieldValue& value) const override
     {
-        CFieldValue value = Get();
+        Get(value);
         if (kKind == CFieldKind::Bool)
             value.integer = value.integer != 0;
-        return value;
     }
 
 private:
@@ -127,13 +122,16 @@ class RealMember : public FieldMember {
 public:
     explicit RealMember(T& member) : m_member(member) {}
     CFieldDescription Describe() const override { return NewDescription(kKind); }
-    CFieldValue Get() const override
+    void Get(CFieldValue& value) const override
     {
-        CFieldValue value = NewValue(kKind);
+        StartValue(value, kKind);
         value.real = static_cast<double>(m_member);
-        return value;
     }
     void Set(const CFieldValue& value) override { m_member = static_cast<T>(value.real); }
+    bool Holds(const CFieldValue& value) const override
+    {
+        return IsSameNumber(value.real, static_cast<double>(m_member));
+    }
 
 private:
     T& m_member;
@@ -143,13 +141,13 @@ class TimeStampMember : public FieldMember {
 public:
     explicit TimeStampMember(TIMESTAMP_STRUCT& member) : m_member(member) {}
     CFieldDescription Describe() const override { return NewDescription(CFieldKind::Time); }
-    CFieldValue Get() const override
+    void Get(CFieldValue& value) const override
     {
-        CFieldValue value = NewValue(CFieldKind::Time);
+        StartValue(value, CFieldKind::Time);
         value.time = m_member;
-        return value;
     }
     void Set(const CFieldValue& value) override { m_member = value.time; }
+    bool Holds(const CFieldValue& value) const override { return IsSameTime(value.time, m_member); }
 
 private:
     TIMESTAMP_STRUCT& m_member;
@@ -160,12 +158,15 @@ class OleDateMember : public FieldMember {
 public:
     explicit OleDateMember(COleDateTime& member) : m_member(member) {}
     CFieldDescription Describe() const override { return NewDescription(CFieldKind::Time); }
-    CFieldValue Get() const override
+    void Get(CFieldValue& value) const override
     {
-        CFieldValue value = NewValue(CFieldKind::Time);
+        StartValue(value, CFieldKind::Time);
         value.real = m_member.m_dt;
         value.integer = m_member.m_status;
-        return value;
+    }
+    bool Holds(const CFieldValue& value) const override
+    {
+        return IsSameNumber(value.real, m_member.m_dt) && value.integer == m_member.m_status;
     }
     void Set(const CFieldValue& value) override
     {
@@ -173,9 +174,9 @@ public:
         m_member.m_status = value.isNull ? COleDateTime::null
                                          : static_cast<COleDateTime::DateTimeStatus>(value.integer);
     }
-    CFieldValue Send() const override
+    void Send(CFieldValue& value) const override
     {
-        CFieldValue value = NewValue(CFieldKind::Time);
+        StartValue(value, CFieldKind::Time);
         value.isNull = m_member.m_status == COleDateTime::null;
         SYSTEMTIME fields{};
         if (!value.isNull && !m_member.GetAsSystemTime(fields))
@@ -186,7 +187,6 @@ public:
         value.time.hour = fields.wHour;
         value.time.minute = fields.wMinute;
         value.time.second = fields.wSecond;
-        return value;
     }
     void Receive(const CFieldValue& value) override
     {
@@ -222,16 +222,16 @@ public:
         if (m_maxLength < 1 || m_maxLength == std::numeric_limits<int>::max())
             AfxThrowDBException(AFX_SQL_ERROR_FIELD_SCHEMA_MISMATCH,
                                 "The greatest length of a text is out of range.");
-        Put(Get().text);
+        Put(CString(static_cast<LPCTSTR>(m_member), m_member.GetLength()));
     }
-    CFieldValue Get() const override
+    void Get(CFieldValue& value) const override
     {
-        CFieldValue value = NewValue(CFieldKind::Text);
+        StartValue(value, CFieldKind::Text);
         // A copy of its own: sharing would cost the member its buffer at the next change.
-        value.text = CString(static_cast<LPCTSTR>(m_member), m_member.GetLength());
-        return value;
+        value.text.SetString(static_cast<LPCTSTR>(m_member), m_member.GetLength());
     }
     void Set(const CFieldValue& value) override { Put(value.text); }
+    bool Holds(const CFieldValue& value) const override { return value.text == m_member; }
 
 private:
     void Put(const CString& text)
@@ -276,7 +276,10 @@ public:
             HandOver(number, Describe(), false);
         } else if (m_pass.m_pvField == nullptr || m_pass.m_pvField == address) {
             m_pass.m_bFieldFound = TRUE;
-            RunColumn(number, m_pass.m_fields->columns[number - 1]);
+            FieldState& field = m_pass.m_fields->columns[number - 1];
+            if (m_pass.m_nOperation == CFieldExchange::BindFieldToColumn)
+                field.address = address;
+            RunColumn(number, field);
         }
     }
 
@@ -304,7 +307,7 @@ private:
             break;
         case CFieldExchange::StoreField:
             Forget(field);
-            field.original = m_member.Get();
+            m_member.Get(field.original);
             field.originalIsNull = field.isNull;
             break;
         case CFieldExchange::LoadField:
@@ -365,7 +368,7 @@ private:
     {
         field.isNull = isNull;
         if (isNull)
-            field.valueWhenNull = m_member.Get();
+            m_member.Get(field.valueWhenNull);
     }
 
     void Receive(FieldState& field, const CFieldValue& value)
@@ -377,7 +380,7 @@ private:
 
     bool IsStillNull(const FieldState& field) const
     {
-        return field.isNull && IsSameContent(m_member.Get(), field.valueWhenNull);
+        return field.isNull && m_member.Holds(field.valueWhenNull);
     }
 
     bool IsDirty(const FieldState& field) const
@@ -391,8 +394,7 @@ private:
         case EditMode::Adding:
             return !isNull || field.wasSetNull;
         case EditMode::Editing:
-            return isNull != field.originalIsNull ||
-                   (!isNull && !IsSameContent(m_member.Get(), field.original));
+            return isNull != field.originalIsNull || (!isNull && !m_member.Holds(field.original));
         }
         return false;
     }
@@ -419,10 +421,10 @@ private:
         transfer.field = description;
         transfer.value.kind = description.kind;
         if (!isNull)
-            transfer.value = m_member.Send();
+            m_member.Send(transfer.value);
         CheckFieldValue(description, transfer.value);
         if (m_pass.m_pTransfers != nullptr)
-            m_pass.m_pTransfers->push_back(transfer);
+            m_pass.m_pTransfers->push_back(std::move(transfer));
     }
 
     CFieldExchange& m_pass;
