@@ -6,6 +6,7 @@
 #include "platform/recordsets/sqltext.h"
 
 #include <algorithm>
+#include <cctype>
 #include <string>
 #include <string_view>
 
@@ -41,24 +42,32 @@ std::size_t CountDigits(std::string_view text)
     return std::min(text.find_first_not_of("0123456789"), text.size());
 }
 
-/// How long the number is that begins there: digits, and a point with digits if there is one.
+/// How long the number is that begins there: digits, and a point with digits if there is one. 0 for
+/// anything else, numbers with an exponent too.
 std::size_t NumberLength(std::string_view text)
 {
-    const std::size_t length = CountDigits(text);
-    if (length == 0 || length == text.size() || text[length] != '.')
-        return length;
-    return length + 1 + CountDigits(text.substr(length + 1));
+    std::size_t length = CountDigits(text);
+    if (length != 0 && length < text.size() && text[length] == '.')
+        length += 1 + CountDigits(text.substr(length + 1));
+    const bool goesOn =
+        length < text.size() && std::isalnum(static_cast<unsigned char>(text[length])) != 0;
+    return goesOn ? 0 : length;
 }
 
-/// Whether SQLite keeps all of the number: it has integers of 64 bits and doubles.
+/// Whether SQLite keeps the number as it is written, in a column for texts too: it has integers of
+/// 64 bits and doubles, and writes small ones with an exponent.
 bool IsKeptBySqlite(std::string_view number)
 {
     constexpr std::size_t kIntegerDigits = 18;
     constexpr std::size_t kDoubleDigits = 15;
-    const bool isInteger = number.find('.') == std::string_view::npos;
-    number.remove_prefix(std::min(number.find_first_not_of("0."), number.size()));
-    const std::size_t digits = number.size() - (number.find('.') != std::string_view::npos ? 1 : 0);
-    return digits <= (isInteger ? kIntegerDigits : kDoubleDigits);
+    number.remove_prefix(std::min(number.find_first_not_of('0'), number.size()));
+    const std::size_t point = number.find('.');
+    if (point == std::string_view::npos)
+        return number.size() <= kIntegerDigits;
+    const std::size_t zeros = point == 0 ? number.substr(1).find_first_not_of('0') : 0;
+    if (zeros == std::string_view::npos)
+        return true; // a zero
+    return zeros < 4 && number.size() - 1 - zeros <= kDoubleDigits;
 }
 
 /// Whether a minus at the end of the statement so far is the sign of what follows.
@@ -93,11 +102,11 @@ CString ForSqlite(const CString& statement)
     for (zelrs::SqlToken token = scanner.Next(); token.part != zelrs::SqlPart::End;
          token = scanner.Next()) {
         if (token.begin < done)
-            continue; // the decimals of a number
+            continue; // point and decimals of a number
         const std::string_view number =
             sql.substr(token.begin, NumberLength(sql.substr(token.begin)));
         const bool isNumber = token.part == zelrs::SqlPart::Word && !number.empty() &&
-                              CountDigits(token.text) == token.text.size() &&
+                              number.size() >= token.text.size() &&
                               (result.empty() || result.back() != '.');
         const std::string_view part = isNumber ? number : token.text;
         if (isNumber && !IsKeptBySqlite(number))

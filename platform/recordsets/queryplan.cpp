@@ -177,6 +177,8 @@ bool QueryPlanner::FindKey(const CString& key)
         return false;
     const auto index = static_cast<std::size_t>(result - m_results.begin());
     const bool isField = index < m_plan.fields.size();
+    if (!isField && result->type == ColumnType::Binary)
+        return false; // bytes are no text that finds the record again
     m_plan.keys.push_back({key, isField ? index : m_plan.columns.size()});
     if (!isField)
         m_plan.columns.push_back(
