@@ -26,7 +26,7 @@ build() { # PRESET
 }
 
 begin "packages"
-cmake/install-packages.sh build tools windows lint
+cmake/install-packages.sh build tools recordsets windows lint
 
 # clang-tidy reports clang's own warnings too, so nothing need be built with it.
 begin "formatting and lint"

@@ -13,6 +13,11 @@ else()
   set(zel_gtest GTest::gmock GTest::gtest GTest::gtest_main)
 endif()
 
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+# It runs here, not on the system that is built for. With the emulator in front the exit status of
+# every script would be lost.
+set_target_properties(Python3::Interpreter PROPERTIES CROSSCOMPILING_EMULATOR "")
+
 # Source for tests that load and unload libraries (tests/support/module_loader.h).
 if(WIN32)
   set(zel_module_loader "${PROJECT_SOURCE_DIR}/tests/support/module_loader_windows.cpp")
@@ -40,13 +45,18 @@ endfunction()
 # zel_add_code_page_runs(<name>): the same program with every kind of settings that matters to OEM
 # code pages. ZEL_TEST_OEM_PAGE tells it which page the system has then.
 function(zel_add_test name)
+  zel_add_test_program(${name} ${ARGN})
+  zel_add_test_run(${name} ${name} de_DE.UTF-8)
+endfunction()
+
+# zel_add_test_program(<name> SOURCES <file>... LIBRARIES <target>...): the program alone.
+function(zel_add_test_program name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}")
   target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} ${zel_gtest})
   zel_configure_test(${name})
   target_precompile_headers(${name} REUSE_FROM zel_test_precompiled)
-  zel_add_test_run(${name} ${name} de_DE.UTF-8)
 endfunction()
 
 # zel_configure_test(<target>): the settings that test programs and their precompiled headers share.
@@ -74,5 +84,31 @@ function(zel_add_code_page_runs name)
     list(GET setting 2 page)
     zel_add_test_run(${stem}_${kind}_test ${name} ${locale})
     set_property(TEST ${stem}_${kind}_test APPEND PROPERTY ENVIRONMENT ZEL_TEST_OEM_PAGE=${page})
+  endforeach()
+endfunction()
+
+# zel_add_database_test(<name> SOURCES <file>... LIBRARIES <target>...)
+#
+# Makes the test program <name> and registers it as <name>_sqlite and <name>_mariadb. Each run has a
+# new, empty database; tests/support/database_testing.h reaches it and is linked already.
+#
+# zel_add_database_runs(<test> COMMAND <word>...): any command, twice like that. What it finds in its
+# environment stands in tests/support/with_database.py.
+function(zel_add_database_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
+  zel_add_test_program(${name}
+      SOURCES ${arg_SOURCES}
+      LIBRARIES zel_database_testing ${arg_LIBRARIES})
+  zel_add_database_runs(${name} COMMAND ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:${name}>)
+endfunction()
+
+function(zel_add_database_runs test)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "COMMAND")
+  foreach(kind sqlite mariadb)
+    add_test(NAME ${test}_${kind}
+        COMMAND Python3::Interpreter -B "${PROJECT_SOURCE_DIR}/tests/support/with_database.py"
+            ${kind} "${PROJECT_BINARY_DIR}/databases/${test}_${kind}" -- ${arg_COMMAND})
+    set_tests_properties(${test}_${kind} PROPERTIES TIMEOUT 600)
+    zel_set_locale(${test}_${kind} de_DE.UTF-8)
   endforeach()
 endfunction()
