@@ -22,7 +22,8 @@ declare -A packages_of=(
   [lint]="clang clang-format-14 clang-tidy-14 git"
   [fuzz]="clang libclang-rt-14-dev"
   [bench]="libbenchmark-dev libicu-dev libfmt-dev libcereal-dev libboost-serialization-dev libboost-dev
-    libdfp-dev libhowardhinnant-date-dev librust-rust-decimal-dev cargo python3"
+    libdfp-dev libhowardhinnant-date-dev librust-rust-decimal-dev cargo python3
+    libsoci-dev"
 )
 
 fail() {

@@ -12,9 +12,9 @@ class ArchiveWriter final : public Writer {
 public:
     explicit ArchiveWriter(const Columns& columns) : m_columns(columns) {}
 
-    void Begin(OutputFile& file) override
+    void Begin(Output& output) override
     {
-        WriteSummed(Stored([&](CArchive& ar) { WriteArchiveHeader(ar, m_columns); }), file);
+        WriteSummed(Stored([&](CArchive& ar) { WriteArchiveHeader(ar, m_columns); }), output);
     }
 
     void Encode(const Row& row, std::string& record) override
@@ -29,17 +29,17 @@ public:
         });
     }
 
-    void Put(const std::string& record, OutputFile& file) override
+    void Put(const std::string& record, Output& output) override
     {
-        WriteSummed(record, file);
+        WriteSummed(record, output);
         ++m_rows;
     }
 
-    void End(OutputFile& file) override
+    void End(Output& output) override
     {
-        WriteSummed(Stored([&](CArchive& ar) { ar << kEndMark << m_rows; }), file);
+        WriteSummed(Stored([&](CArchive& ar) { ar << kEndMark << m_rows; }), output);
         const Checksum::Bytes checksum = m_checksum.GetBytes();
-        file.Write({checksum.data(), checksum.size()});
+        output.Write({checksum.data(), checksum.size()});
     }
 
 private:
@@ -55,10 +55,10 @@ private:
         return m_sink.GetBytes();
     }
 
-    void WriteSummed(const std::string& bytes, OutputFile& file)
+    void WriteSummed(const std::string& bytes, Output& output)
     {
         m_checksum.Add(bytes);
-        file.Write(bytes);
+        output.Write(bytes);
     }
 
     const Columns& m_columns;

@@ -15,7 +15,7 @@ public:
           m_plainNumbers(options.plainNumbers), m_special{m_separator, '"', '\n', '\r'}
     {}
 
-    void Begin(OutputFile& file) override;
+    void Begin(Output& output) override;
     void Encode(const Row& row, std::string& record) override;
 
 private:
@@ -57,7 +57,7 @@ void CsvWriter::AppendCell(std::string_view text, bool defined, int column, std:
     EncodeCell(m_charset, m_quoted, column, record);
 }
 
-void CsvWriter::Begin(OutputFile& file)
+void CsvWriter::Begin(Output& output)
 {
     if (!m_header)
         return;
@@ -68,7 +68,7 @@ void CsvWriter::Begin(OutputFile& file)
     } catch (const RowFault&) {
         throw Failure("a column name has a character that the charset of the output lacks");
     }
-    file.Write(line + "\n");
+    output.Write(line + "\n");
 }
 
 void CsvWriter::Encode(const Row& row, std::string& record)

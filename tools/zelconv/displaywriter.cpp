@@ -43,16 +43,16 @@ public:
         }
     }
 
-    void Begin(OutputFile&) override {}
+    void Begin(Output&) override {}
     void Encode(const Row& row, std::string& record) override;
-    void Put(const std::string& record, OutputFile& file) override;
-    void End(OutputFile& file) override;
+    void Put(const std::string& record, Output& output) override;
+    void End(Output& output) override;
 
 private:
     void AppendShown(std::string_view text, std::string& out) const;
     void Widen(std::string_view record);
-    void WriteSample(OutputFile& file);
-    void WriteLine(std::string_view record, OutputFile& file);
+    void WriteSample(Output& output);
+    void WriteLine(std::string_view record, Output& output);
 
     const Columns& m_columns;
     Charset m_charset;
@@ -114,38 +114,38 @@ void DisplayWriter::Widen(std::string_view record)
     }
 }
 
-void DisplayWriter::Put(const std::string& record, OutputFile& file)
+void DisplayWriter::Put(const std::string& record, Output& output)
 {
     if (!m_sampling) {
-        WriteLine(record, file);
+        WriteLine(record, output);
         return;
     }
     Widen(record);
     m_sample.push_back(record);
     if (m_sample.size() == kSample)
-        WriteSample(file);
+        WriteSample(output);
 }
 
-void DisplayWriter::End(OutputFile& file)
+void DisplayWriter::End(Output& output)
 {
     if (m_sampling)
-        WriteSample(file);
+        WriteSample(output);
 }
 
-void DisplayWriter::WriteSample(OutputFile& file)
+void DisplayWriter::WriteSample(Output& output)
 {
     m_sampling = false;
-    WriteLine(m_names, file);
+    WriteLine(m_names, output);
     std::string rules;
     for (const std::size_t width : m_widths)
         rules += std::string(width, '-') + kCellEnd;
-    WriteLine(rules, file);
+    WriteLine(rules, output);
     for (const std::string& record : m_sample)
-        WriteLine(record, file);
+        WriteLine(record, output);
     m_sample = {};
 }
 
-void DisplayWriter::WriteLine(std::string_view record, OutputFile& file)
+void DisplayWriter::WriteLine(std::string_view record, Output& output)
 {
     m_line.clear();
     for (std::size_t i = 0; i < m_columns.size(); ++i) {
@@ -161,7 +161,7 @@ void DisplayWriter::WriteLine(std::string_view record, OutputFile& file)
     }
     m_line.erase(m_line.find_last_not_of(' ') + 1);
     m_line += '\n';
-    file.Write(m_line);
+    output.Write(m_line);
 }
 
 } // namespace

@@ -11,12 +11,12 @@ public:
         : m_columns(columns), m_charset(options.outputCharset)
     {}
 
-    void Begin(OutputFile& file) override
+    void Begin(Output& output) override
     {
         std::string line;
         if (FromAnsi(m_charset, ExternHeader(m_columns), line).status != CharsetResult::Status::Ok)
             throw Failure("a column name has a character that the charset of the output lacks");
-        file.Write(line + "\n");
+        output.Write(line + "\n");
     }
 
     void Encode(const Row& row, std::string& record) override
@@ -33,15 +33,15 @@ public:
         record += '\n';
     }
 
-    void Put(const std::string& record, OutputFile& file) override
+    void Put(const std::string& record, Output& output) override
     {
-        Writer::Put(record, file);
+        Writer::Put(record, output);
         ++m_rows;
     }
 
-    void End(OutputFile& file) override
+    void End(Output& output) override
     {
-        file.Write(std::string(kExternEnd) + kExternSeparator + std::to_string(m_rows) + "\n");
+        output.Write(std::string(kExternEnd) + kExternSeparator + std::to_string(m_rows) + "\n");
     }
 
 private:

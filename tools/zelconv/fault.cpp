@@ -13,7 +13,7 @@ struct ErrorRow {
 };
 
 // Code page 1252, as the texts of the library.
-constexpr std::array<ErrorRow, 14> kErrors = {{
+constexpr std::array<ErrorRow, 16> kErrors = {{
     {RowError::TooFewCells, "Zu wenige Zellen"},
     {RowError::TooManyCells, "Zu viele Zellen"},
     {RowError::Quotes, "Anf\374hrungszeichen falsch gesetzt"},
@@ -28,6 +28,8 @@ constexpr std::array<ErrorRow, 14> kErrors = {{
     {RowError::TooManyDigits, "Zahl hat mehr Stellen, als ihr Typ fasst"},
     {RowError::Changed, "Wert k\344me nicht unver\344ndert in die Ausgabe"},
     {RowError::TimeOfDay, "Uhrzeit bei einem Datum"},
+    {RowError::FromDatabase, "Wert der Datenbank passt nicht zum Typ der Spalte"},
+    {RowError::IntoDatabase, "Wert passt nicht in die Spalte der Datenbank"},
 }};
 
 const char* TextOf(RowError error)

@@ -35,6 +35,8 @@ enum class RowError : unsigned long {
     TooManyDigits = 112,
     Changed = 113,
     TimeOfDay = 114,
+    FromDatabase = 115,
+    IntoDatabase = 116,
 };
 
 /// What is wrong with a value, if anything is.

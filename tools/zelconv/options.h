@@ -13,13 +13,15 @@
 namespace zelconv {
 
 /// The forms that rows have outside.
-enum class Form { Csv, Sql, Extern, Archive, Display };
+enum class Form { Csv, Sql, Extern, Archive, Display, Odbc };
 
 struct Options {
     std::string columns; ///< as given; empty: those of the input
     Form from = Form::Csv;
     Form to = Form::Csv;
-    std::string table;
+    std::string table;     ///< that is written, in UTF-8; may name its schema
+    std::string fromTable; ///< that is read
+    bool create = false;   ///< makes a table that is not there
     Charset inputCharset = Charset::Utf8;
     Charset outputCharset = Charset::Utf8;
     std::string sort;    ///< name of a column; empty: no sorting
@@ -28,8 +30,8 @@ struct Options {
     char separator = ';';
     bool header = true;
     bool plainNumbers = false; ///< csv has 1234.50, not 1.234,50
-    std::string input;         ///< file name, or kStandardStream
-    std::string output;        ///< file name, or kStandardStream
+    std::string input;  ///< file name, or kStandardStream; of a database what to connect with
+    std::string output; ///< the same
 
     /// The mode of columns that the command line describes.
     ZelDtWorkingMode ModeOfEmpty() const { return empty.value_or(ZelDtWmMissing); }

@@ -1,30 +1,45 @@
 #ifndef ZELDT_TOOLS_ZELCONV_OUTPUT_H
 #define ZELDT_TOOLS_ZELCONV_OUTPUT_H
 
-/// A file that is complete or absent: it is written under another name in the same folder and
-/// renamed at the end. What cannot be renamed over (standard output, devices, pipes) is written
-/// directly. Every failure is a Failure naming the file.
+/// Where the bytes of rows go: complete in the end, or not at all.
 
 #include <string>
 #include <string_view>
 
 namespace zelconv {
 
-class OutputFile {
+/// Every failure is a Failure naming the output.
+class Output {
+public:
+    /// Gives up what was not published.
+    virtual ~Output() = default;
+
+    virtual void Write(std::string_view bytes) = 0;
+
+    /// Brings everything written to where it will stay; nobody sees it yet.
+    virtual void Finish() = 0;
+
+    /// Lets what was finished be seen.
+    virtual void Publish() = 0;
+};
+
+/// A file: it is written under another name in the same folder and renamed at the end. What cannot
+/// be renamed over (standard output, devices, pipes) is written directly.
+class OutputFile final : public Output {
 public:
     /// kStandardStream is standard output.
     explicit OutputFile(const std::string& name);
     /// Removes what was not published.
-    ~OutputFile();
+    ~OutputFile() override;
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
 
-    void Write(std::string_view bytes);
+    void Write(std::string_view bytes) override;
 
     /// Brings everything written to the disk and closes the file.
-    void Finish();
+    void Finish() override;
     /// Gives the finished file its name; one that was there before is replaced.
-    void Publish();
+    void Publish() override;
 
 private:
     void OpenBeside(const std::string& target);

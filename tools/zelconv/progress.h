@@ -3,6 +3,7 @@
 
 /// A progress bar with rows per second on standard error, if that is a terminal.
 
+#include "tools/common/progressbar.h"
 #include "tools/zelconv/input.h"
 
 #include <chrono>
@@ -13,44 +14,37 @@ namespace zelconv {
 
 class Progress {
 public:
-    explicit Progress(const InputFile& file);
-    /// Removes the bar.
-    ~Progress();
-    Progress(const Progress&) = delete;
-    Progress& operator=(const Progress&) = delete;
+    /// Without a file there is no bar, only the number of rows. It must outlive the progress.
+    explicit Progress(const InputFile* file);
 
     /// Counts a row and now and then draws the bar.
     void CountRow()
     {
         ++m_rows;
-        if (m_onTerminal && m_rows % kRowsBetweenLooks == 0)
-            Look();
+        if (m_rows % kRowsBetweenLooks == 0 && m_bar.IsDue())
+            Draw();
     }
 
     /// Replaces the bar by words, for a step that shows no progress of its own.
-    void Say(const std::string& words);
+    void Say(const std::string& words) { m_bar.Say(words); }
 
     std::uint64_t GetRows() const { return m_rows; }
 
     /// "N rows, M rows/s".
     std::string Summary() const;
 
-    bool IsOnTerminal() const { return m_onTerminal; }
+    bool IsOnTerminal() const { return m_bar.IsOnTerminal(); }
 
 private:
     using Clock = std::chrono::steady_clock;
     static constexpr std::uint64_t kRowsBetweenLooks = 512;
 
-    void Look();
-    std::string Bar() const;
-    void Clear();
+    void Draw();
 
-    const InputFile& m_file;
-    bool m_onTerminal;
-    bool m_drawn = false;
+    const InputFile* m_file;
+    zeltools::ProgressBar m_bar;
     std::uint64_t m_rows = 0;
     Clock::time_point m_begin = Clock::now();
-    Clock::time_point m_nextDrawing = m_begin;
 };
 
 } // namespace zelconv

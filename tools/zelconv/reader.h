@@ -47,6 +47,9 @@ std::unique_ptr<Reader> NewCsvReader(InputFile& file, const Options& options);
 std::unique_ptr<Reader> NewExternReader(InputFile& file, const Options& options);
 std::unique_ptr<Reader> NewArchiveReader(InputFile& file, const Options& options);
 
+/// The rows of a table; reaches the database at once.
+std::unique_ptr<Reader> NewDatabaseReader(const Options& options);
+
 } // namespace zelconv
 
 #endif

@@ -65,7 +65,7 @@ public:
             throw Failure("a name has a character that the charset of the output lacks");
     }
 
-    void Begin(OutputFile&) override {}
+    void Begin(Output&) override {}
     void Encode(const Row& row, std::string& record) override;
 
 private:
