@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# Shows the library's main job on the sample data: installs what is missing, builds zelconv and three
+# Shows the library's main job on the sample data: installs what is missing, builds zelconv and four
 # example programs, converts the customers of examples/data/kunden.csv into every form, computes
-# what they bought, and when they get it, from the orders of auftraege.csv, and changes one of these
-# orders in a dialog. What it makes lies in a temporary folder and is gone afterwards; the build
+# what they bought, and when they get it, from the orders of auftraege.csv, changes one of these
+# orders in a dialog, and writes the invoices into a database. What it makes lies in a temporary folder and is gone afterwards; the build
 # stays in build/demo.
 set -euo pipefail
 cd "$(dirname "$0")"
@@ -19,7 +19,8 @@ begin() {
 
 build() {
   cmake --preset release -B build/demo -DZELDT_BUILD_TESTS=OFF &&
-    cmake --build build/demo --target zelconv example_umsatz example_termine example_auftragsmaske
+    cmake --build build/demo --target zelconv example_umsatz example_termine example_auftragsmaske \
+      example_rechnungslauf
 }
 
 # Shows a call as it could be typed, then makes it.
@@ -53,14 +54,14 @@ sample=examples/data/kunden.csv
 sample_orders=examples/data/auftraege.csv
 
 begin "packages"
-cmake/install-packages.sh build tools
+cmake/install-packages.sh build tools recordsets
 
 begin "build"
 if ! build >"$work/build.log" 2>&1; then
   tail -n 40 "$work/build.log"
   false
 fi
-echo "built in build/demo/bin: zelconv, umsatz, termine, auftragsmaske"
+echo "built in build/demo/bin: zelconv, umsatz, termine, auftragsmaske, rechnungslauf"
 
 begin "customers in house order, as a display table"
 convert_sample "$customers" --to display --sort Name --rejects "$work/rejects.txt" "$sample" "$work/table.txt"
@@ -127,6 +128,15 @@ run build/demo/bin/auftragsmaske --tippe "$work/eingaben.txt" "$sample_orders" 1
   --sql "$work/auftrag.sql" --archiv "$work/auftrag.arc" | sed "s|$work/||g"
 cat "$work/auftrag.sql"
 run build/demo/bin/auftragsmaske --lies "$work/auftrag.arc"
+
+begin "invoices from a database, in one transaction; a second run changes nothing"
+run build/demo/bin/rechnungslauf --data examples/data --out "$work/rechnungen" >"$work/report.txt"
+head -n 8 "$work/report.txt"
+echo "..."
+sed -n '/^ *Steuersatz 19/,/^Gewicht/p' "$work/report.txt"
+run build/demo/bin/rechnungslauf --data examples/data --out "$work/rechnungen" >"$work/again.txt"
+cmp "$work/report.txt" "$work/again.txt"
+run build/demo/bin/rechnungslauf --show "$work/rechnungen/rechnung-000002.arc"
 
 echo
 echo "demo.sh: done"
