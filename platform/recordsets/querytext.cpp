@@ -111,11 +111,11 @@ std::string_view OnlyTable(std::string_view tables)
     SqlScanner scanner(tables);
     SqlToken token = scanner.NextMeaningful();
     const std::size_t begin = token.begin;
-    std::size_t end = begin;
+    SqlToken last;
     for (;;) {
         if (token.part == SqlPart::Symbol || token.part == SqlPart::End)
             return {};
-        end = token.begin + token.text.size();
+        last = token;
         token = scanner.NextMeaningful();
         if (token.text != ".")
             break;
@@ -126,7 +126,8 @@ std::string_view OnlyTable(std::string_view tables)
     const bool hasAlias = token.part != SqlPart::Symbol && token.part != SqlPart::End;
     if (hasAlias)
         token = scanner.NextMeaningful();
-    return token.part == SqlPart::End ? tables.substr(begin, end - begin) : std::string_view();
+    return token.part == SqlPart::End ? tables.substr(begin, last.begin + last.text.size() - begin)
+                                      : std::string_view();
 }
 
 CString KeyCondition(const std::vector<CString>& keys)

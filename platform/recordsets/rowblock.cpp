@@ -12,7 +12,7 @@ namespace {
 constexpr std::size_t kLongestBound = 8192;
 
 /// What the buffers of a block take, about. More makes no call cheaper and spoils the caches.
-constexpr std::size_t kBlockBytes = 256 * 1024;
+constexpr std::size_t kBlockBytes = std::size_t{256} * 1024;
 constexpr std::size_t kMostRows = 512;
 
 constexpr SQLSMALLINT TypeOf(Wire wire)

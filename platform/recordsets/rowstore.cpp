@@ -15,7 +15,7 @@ namespace {
 using Mark = std::uint64_t;
 
 constexpr unsigned kStateBits = 2;
-constexpr std::size_t kChunkBytes = 1024 * 1024;
+constexpr std::size_t kChunkBytes = std::size_t{1024} * 1024;
 
 Mark MakeMark(std::size_t end, RawValue::State state)
 {

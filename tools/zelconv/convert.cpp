@@ -34,7 +34,9 @@ void RequireDifferentFiles(const Options& options)
 /// Nothing for a database.
 std::unique_ptr<InputFile> OpenInput(const Options& options)
 {
-    return options.from == Form::Odbc ? nullptr : std::make_unique<InputFile>(options.input);
+    if (options.from == Form::Odbc)
+        return nullptr;
+    return std::make_unique<InputFile>(options.input);
 }
 
 /// `file` is null for a database.

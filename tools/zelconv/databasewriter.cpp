@@ -24,7 +24,7 @@ struct Place {
 
 std::vector<Place> FindPlaces(OutputTable& table, const Columns& columns)
 {
-    const std::vector<TableColumn> found = table.GetColumns();
+    const std::vector<TableColumn>& found = table.GetColumns();
     std::vector<Place> places;
     for (const Column& column : columns) {
         const DatabaseType& type = DatabaseTypeOf(*column.type);
