@@ -92,6 +92,9 @@ endfunction()
 # Makes the test program <name> and registers it as <name>_sqlite and <name>_mariadb. Each run has a
 # new, empty database; tests/support/database_testing.h reaches it and is linked already.
 #
+# Tests that concern one kind of database alone say so at the end of their name or that of their
+# suite, OnSqlite or OnMariaDb; the other run leaves them out.
+#
 # zel_add_database_runs(<test> COMMAND <word>...): any command, twice like that. What it finds in its
 # environment stands in tests/support/with_database.py.
 function(zel_add_database_test name)
@@ -104,11 +107,15 @@ endfunction()
 
 function(zel_add_database_runs test)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "COMMAND")
+  set(others_sqlite OnMariaDb)
+  set(others_mariadb OnSqlite)
   foreach(kind sqlite mariadb)
     add_test(NAME ${test}_${kind}
         COMMAND Python3::Interpreter -B "${PROJECT_SOURCE_DIR}/tests/support/with_database.py"
             ${kind} "${PROJECT_BINARY_DIR}/databases/${test}_${kind}" -- ${arg_COMMAND})
     set_tests_properties(${test}_${kind} PROPERTIES TIMEOUT 600)
     zel_set_locale(${test}_${kind} de_DE.UTF-8)
+    set_property(TEST ${test}_${kind} APPEND PROPERTY
+        ENVIRONMENT "GTEST_FILTER=-*${others_${kind}}.*:*${others_${kind}}")
   endforeach()
 endfunction()

@@ -138,10 +138,9 @@ TEST_F(StringColumns, TheDatabaseHoldsTheCharactersOfTheCodePage)
     }
 }
 
-TEST_F(StringColumns, OtherCharacterSetsOfMariaDbHoldThemToo)
+/// SQLite has one character set.
+TEST_F(StringColumns, OtherCharacterSetsHoldThemTooOnMariaDb)
 {
-    if (!IsMariaDb())
-        GTEST_SKIP() << "SQLite has one character set";
     MakeValueTable("VARCHAR(200) CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin");
     const std::string all = AllBytes();
     const ValueRows rows = {
@@ -152,10 +151,9 @@ TEST_F(StringColumns, OtherCharacterSetsOfMariaDbHoldThemToo)
     EXPECT_EQ(CountWhere("ID = 3 AND LENGTH(WERT) = 400 AND CHAR_LENGTH(WERT) = 200"), 1);
 }
 
-TEST_F(StringColumns, NulBytesThatMariaDbHoldsAreRead)
+/// Texts of SQLite end there.
+TEST_F(StringColumns, NulBytesAreReadOnMariaDb)
 {
-    if (!IsMariaDb())
-        GTEST_SKIP() << "texts of SQLite end there";
     MakeValueTable();
     Execute("INSERT INTO WERTE (ID, WERT) VALUES (1, CONCAT('a', CHAR(0), 'b'))");
     const std::string text("a\0b", 3);

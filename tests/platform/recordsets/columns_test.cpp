@@ -362,10 +362,9 @@ TEST_F(Columns, TellMismatchesOfEmptyTables)
     EXPECT_TRUE(texts.Open());
 }
 
-TEST_F(Columns, RefuseWhatOnlyPretendsToBeOfTheType)
+/// Only SQLite stores texts in columns of numbers.
+TEST_F(Columns, RefuseWhatOnlyPretendsToBeOfTheTypeOnSqlite)
 {
-    if (!IsSqlite())
-        GTEST_SKIP() << "only SQLite stores texts in columns of numbers";
     const auto expectRefused = [&](const CaughtDb& caught) {
         EXPECT_TRUE(caught.isDb()) << caught;
         EXPECT_TRUE(caught.code == kMismatch || caught.code == kTruncated) << caught;

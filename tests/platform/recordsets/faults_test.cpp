@@ -53,12 +53,10 @@ protected:
 };
 
 /// A server that dies or cuts the connection.
-class LostServer : public Faults {
+class LostServerOnMariaDb : public Faults {
 protected:
     void SetUp() override
     {
-        if (IsSqlite())
-            GTEST_SKIP() << "SQLite has no server";
         Faults::SetUp();
         Insert(1);
     }
@@ -82,12 +80,10 @@ protected:
     }
 };
 
-class SqliteFile : public ::testing::Test {
+class FileOnSqlite : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        if (!IsSqlite())
-            GTEST_SKIP() << "only SQLite has files of its own";
         m_file = FileOfRun(::testing::UnitTest::GetInstance()->current_test_info()->name());
         m_connect = ConnectWith("Database", m_file);
         OtherConnection other{Str(m_connect)};
@@ -122,7 +118,7 @@ protected:
 
 } // namespace
 
-TEST_F(LostServer, InATransactionUndoesIt)
+TEST_F(LostServerOnMariaDb, InATransactionUndoesIt)
 {
     m_database.BeginTrans();
     Insert(2);
@@ -139,7 +135,7 @@ TEST_F(LostServer, InATransactionUndoesIt)
     ExpectUsable({"1 n1"});
 }
 
-TEST_F(LostServer, CannotCommit)
+TEST_F(LostServerOnMariaDb, CannotCommit)
 {
     m_database.BeginTrans();
     Insert(2);
@@ -150,7 +146,7 @@ TEST_F(LostServer, CannotCommit)
     ExpectUsable({"1 n1"});
 }
 
-TEST_F(LostServer, KeepsWhatWasCommitted)
+TEST_F(LostServerOnMariaDb, KeepsWhatWasCommitted)
 {
     m_database.BeginTrans();
     Insert(2);
@@ -160,7 +156,7 @@ TEST_F(LostServer, KeepsWhatWasCommitted)
     ExpectUsable({"1 n1", "2 n2"});
 }
 
-TEST_F(LostServer, DuringARecordsetsChange)
+TEST_F(LostServerOnMariaDb, DuringARecordsetsChange)
 {
     CNames names(&m_database);
     names.Open();
@@ -185,7 +181,7 @@ TEST_F(LostServer, DuringARecordsetsChange)
     ExpectUsable({"1 n1"});
 }
 
-TEST_F(LostServer, WhileRecordsAreRead)
+TEST_F(LostServerOnMariaDb, WhileRecordsAreRead)
 {
     Execute("DELETE FROM NAMES");
     Execute("INSERT INTO NAMES SELECT seq, REPEAT('x',40) FROM seq_1_to_300000");
@@ -214,7 +210,7 @@ TEST_F(LostServer, WhileRecordsAreRead)
     ExpectUsable({});
 }
 
-TEST_F(LostServer, CutsASingleConnection)
+TEST_F(LostServerOnMariaDb, CutsASingleConnection)
 {
     m_database.BeginTrans();
     Insert(2);
@@ -226,7 +222,7 @@ TEST_F(LostServer, CutsASingleConnection)
     ExpectUsable({"1 n1"});
 }
 
-TEST_F(LostServer, DoesNotBringATransactionBack)
+TEST_F(LostServerOnMariaDb, DoesNotBringATransactionBack)
 {
     m_database.BeginTrans();
     Insert(2);
@@ -239,7 +235,7 @@ TEST_F(LostServer, DoesNotBringATransactionBack)
     ExpectUsable({"1 n1"});
 }
 
-TEST_F(LostServer, IsNoHindranceForTheEndOfObjects)
+TEST_F(LostServerOnMariaDb, IsNoHindranceForTheEndOfObjects)
 {
     {
         CDatabase database;
@@ -324,10 +320,9 @@ TEST_F(Faults, StatementOfManyRowsIsAllOrNothing)
     EXPECT_EQ(Stored(), (Records{"50 n50", "51 n51"}));
 }
 
-TEST_F(Faults, LockThatStaysIsTheDatabasesError)
+/// Files of SQLite have tests of their own.
+TEST_F(Faults, LockThatStaysIsTheDatabasesErrorOnMariaDb)
 {
-    if (IsSqlite())
-        GTEST_SKIP() << "files of SQLite have tests of their own";
     Insert(1);
     Insert(2);
     Execute("SET innodb_lock_wait_timeout=3");
@@ -344,10 +339,9 @@ TEST_F(Faults, LockThatStaysIsTheDatabasesError)
     ExpectUsable({"1 n1", "2 theirs"});
 }
 
-TEST_F(Faults, TableThatIsFull)
+/// Files of SQLite have tests of their own.
+TEST_F(Faults, TableThatIsFullOnMariaDb)
 {
-    if (IsSqlite())
-        GTEST_SKIP() << "files of SQLite have tests of their own";
     Execute("SET max_heap_table_size=16384");
     Execute("CREATE TABLE SMALL (ID INTEGER NOT NULL PRIMARY KEY, NAME VARCHAR(40)) ENGINE=MEMORY");
     CNames names(&m_database, "SMALL");
@@ -365,7 +359,7 @@ TEST_F(Faults, TableThatIsFull)
     ExpectUsable({});
 }
 
-TEST_F(SqliteFile, ThatIsReadOnly)
+TEST_F(FileOnSqlite, ThatIsReadOnly)
 {
     {
         // From a version of the format that it does not know SQLite only reads; permissions would
@@ -394,7 +388,7 @@ TEST_F(SqliteFile, ThatIsReadOnly)
     EXPECT_EQ(CountOfRecords(), "1");
 }
 
-TEST_F(SqliteFile, ThatIsFull)
+TEST_F(FileOnSqlite, ThatIsFull)
 {
     CDatabase database;
     database.OpenEx(m_connect);
@@ -435,7 +429,7 @@ TEST_F(SqliteFile, ThatIsFull)
 }
 
 #ifndef _WIN32
-TEST_F(SqliteFile, ThatMustNotGrow)
+TEST_F(FileOnSqlite, ThatMustNotGrow)
 {
     // The system refuses to write beyond a size, as it does when the disk is full.
     rlimit before{};
@@ -463,7 +457,7 @@ TEST_F(SqliteFile, ThatMustNotGrow)
 }
 #endif
 
-TEST_F(SqliteFile, ThatOthersLock)
+TEST_F(FileOnSqlite, ThatOthersLock)
 {
     OtherConnection other{Str(m_connect)};
     other.Execute("BEGIN IMMEDIATE");
@@ -481,7 +475,7 @@ TEST_F(SqliteFile, ThatOthersLock)
     EXPECT_EQ(OtherConnection(Str(m_connect)).QueryOne("SELECT NAME FROM NAMES"), "ours");
 }
 
-TEST_F(SqliteFile, ThatOthersKeepToThemselves)
+TEST_F(FileOnSqlite, ThatOthersKeepToThemselves)
 {
     OtherConnection other{Str(m_connect)};
     other.Execute("BEGIN EXCLUSIVE");
@@ -502,7 +496,7 @@ TEST_F(SqliteFile, ThatOthersKeepToThemselves)
     EXPECT_EQ(names.Record(), "1 n1");
 }
 
-TEST_F(SqliteFile, ThatIsDamaged)
+TEST_F(FileOnSqlite, ThatIsDamaged)
 {
     {
         OtherConnection other{Str(m_connect)};

@@ -204,10 +204,9 @@ TEST_F(Transactions, MayBeUndoneWhileRecordsAreRead)
     EXPECT_EQ(names.Record(), "50 n50");
 }
 
-TEST_F(Transactions, StayOpenWhenTheCommitFails)
+/// MariaDB checks constraints with every statement.
+TEST_F(Transactions, StayOpenWhenTheCommitFailsOnSqlite)
 {
-    if (!IsSqlite())
-        GTEST_SKIP() << "MariaDB checks constraints with every statement";
     Execute("PRAGMA foreign_keys=ON");
     MakeTable("CHILDREN", "ID INTEGER PRIMARY KEY, PARENT INTEGER "
                           "REFERENCES NAMES(ID) DEFERRABLE INITIALLY DEFERRED");
@@ -227,10 +226,9 @@ TEST_F(Transactions, StayOpenWhenTheCommitFails)
     ExpectNoTransaction();
 }
 
-TEST_F(Transactions, StayOpenWhenSomebodyReads)
+/// Only SQLite lets readers hold a commit up.
+TEST_F(Transactions, StayOpenWhenSomebodyReadsOnSqlite)
 {
-    if (!IsSqlite())
-        GTEST_SKIP() << "only SQLite lets readers hold a commit up";
     m_database.Close();
     m_database.SetQueryTimeout(1);
     m_database.OpenEx(ConnectOfRun());
@@ -245,10 +243,9 @@ TEST_F(Transactions, StayOpenWhenSomebodyReads)
     EXPECT_EQ(Stored(), Records{"1 n1"});
 }
 
-TEST_F(Transactions, ThatTheDatabaseUndidDoNotLiveOn)
+/// Only SQLite undoes a transaction because of a constraint.
+TEST_F(Transactions, ThatTheDatabaseUndidAreOverOnSqlite)
 {
-    if (!IsSqlite())
-        GTEST_SKIP() << "only SQLite undoes a transaction because of a constraint";
     m_database.BeginTrans();
     Insert(1);
     EXPECT_TRUE(FailsInDriver(
