@@ -34,10 +34,11 @@ function(zel_set_locale test locale)
   endif()
 endfunction()
 
-# zel_add_test(<name> SOURCES <file>... LIBRARIES <target>...)
+# zel_add_test(<name> SOURCES <file>... LIBRARIES <target>... [STANDARD 17|20])
 #
 # Makes the test program <name> and registers it with ctest under the same name, with German
-# system settings (OEM code page 850).
+# system settings (OEM code page 850). With STANDARD it is compiled as exactly that C++, and reads its
+# headers itself.
 #
 # zel_add_test_run(<test> <name> <locale>): the same program once more with other settings, for
 # example C.UTF-8 for OEM code page 437.
@@ -49,19 +50,22 @@ function(zel_add_test name)
   zel_add_test_run(${name} ${name} de_DE.UTF-8)
 endfunction()
 
-# zel_add_test_program(<name> SOURCES <file>... LIBRARIES <target>...): the program alone.
+# zel_add_test_program(<name> ...): the program alone.
 function(zel_add_test_program name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "STANDARD" "SOURCES;LIBRARIES")
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}")
   target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} ${zel_gtest})
   zel_configure_test(${name})
-  target_precompile_headers(${name} REUSE_FROM zel_test_precompiled)
+  if(arg_STANDARD)
+    set_target_properties(${name} PROPERTIES CXX_STANDARD ${arg_STANDARD})
+  else()
+    target_precompile_headers(${name} REUSE_FROM zel_test_precompiled)
+  endif()
 endfunction()
 
 # zel_configure_test(<target>): the settings that test programs and their precompiled headers share.
 function(zel_configure_test target)
-  target_compile_features(${target} PRIVATE cxx_std_20)
   zel_configure_target(${target})
   # Tests run for a moment but take long to optimise, with sanitizers four times as long as without.
   target_compile_options(${target} PRIVATE -O0)
