@@ -5,6 +5,10 @@
 #include <fstream>
 #include <type_traits>
 
+#ifndef _WIN32
+#include <csignal>
+#endif
+
 using namespace zeltest;
 
 namespace {
@@ -21,6 +25,55 @@ bool Works(CDatabase& database)
     EXPECT_EQ(caught.what, "nothing") << caught;
     return caught.what == "nothing";
 }
+
+#ifndef _WIN32
+/// A server that neither answers nor goes away.
+class FrozenServerOnMariaDb : public NamesTest {
+protected:
+    void SetUp() override
+    {
+        NamesTest::SetUp();
+        Fill(1);
+        m_database.Close();
+        m_database.SetLoginTimeout(1);
+        m_database.SetQueryTimeout(1);
+        m_database.OpenEx(ConnectOfRun());
+    }
+
+    void TearDown() override
+    {
+        Signal(SIGCONT);
+        NamesTest::TearDown();
+    }
+
+    static void Freeze() { Signal(SIGSTOP); }
+
+    /// The server goes on and finds the connection gone; the program connects again.
+    void Thaw()
+    {
+        Signal(SIGCONT);
+        m_database.Close();
+        m_database.OpenEx(ConnectOfRun());
+    }
+
+    /// Catches what an action throws; the driver waits for twice the time that is set.
+    template <typename Action>
+    static CaughtDb CatchInTime(Action&& action)
+    {
+        CaughtDb caught;
+        const double seconds = Seconds([&] { caught = CatchDb(std::forward<Action>(action)); });
+        EXPECT_GE(seconds, 0.8);
+        EXPECT_LT(seconds, 10);
+        return caught;
+    }
+
+private:
+    static void Signal(int number)
+    {
+        ASSERT_EQ(kill(std::stoi(FromEnvironment("ZEL_TEST_SERVER_PID")), number), 0);
+    }
+};
+#endif
 
 void ExpectClosed(const CDatabase& database)
 {
@@ -357,3 +410,55 @@ TEST_F(Statements, AreRefusedByNobodyOnTwoConnections)
     second.ExecuteSQL("INSERT INTO NAMES VALUES (2,'n2')");
     EXPECT_EQ(Stored(), (Records{"1 n1", "2 n2"}));
 }
+
+#ifndef _WIN32
+TEST_F(FrozenServerOnMariaDb, EndsAStatementInTime)
+{
+    m_database.BeginTrans();
+    m_database.ExecuteSQL("INSERT INTO NAMES VALUES (2,'n2')");
+    Freeze();
+    EXPECT_TRUE(MatchesDriverError(
+        CatchInTime([&] { m_database.ExecuteSQL("INSERT INTO NAMES VALUES (3,'n3')"); })));
+    BOOL isUndone = TRUE;
+    EXPECT_LT(Seconds([&] { isUndone = m_database.Rollback(); }), 10);
+    EXPECT_FALSE(isUndone) << "the server does it";
+    Thaw();
+    EXPECT_EQ(Stored(), Records{"1 n1"});
+    EXPECT_TRUE(Works(m_database));
+}
+
+TEST_F(FrozenServerOnMariaDb, EndsReadingInTime)
+{
+    CNames names(&m_database);
+    Freeze();
+    EXPECT_TRUE(MatchesDriverError(CatchInTime([&] { names.Open(); })));
+    EXPECT_FALSE(names.IsOpen());
+    Thaw();
+    names.Open();
+    EXPECT_EQ(names.Rest(), Records{"1 n1"});
+}
+
+TEST_F(FrozenServerOnMariaDb, EndsACommitInTime)
+{
+    m_database.BeginTrans();
+    m_database.ExecuteSQL("INSERT INTO NAMES VALUES (2,'n2')");
+    Freeze();
+    EXPECT_TRUE(MatchesDriverError(CatchInTime([&] { m_database.CommitTrans(); })));
+    EXPECT_LT(Seconds([&] { m_database.Rollback(); }), 10);
+    Thaw();
+    EXPECT_TRUE(Works(m_database));
+}
+
+TEST_F(FrozenServerOnMariaDb, EndsConnectingInTime)
+{
+    CDatabase other;
+    other.SetLoginTimeout(1);
+    other.SetQueryTimeout(1);
+    Freeze();
+    EXPECT_TRUE(MatchesDriverError(CatchInTime([&] { other.OpenEx(ConnectOfRun()); })));
+    ExpectClosed(other);
+    Thaw();
+    other.OpenEx(ConnectOfRun());
+    EXPECT_TRUE(Works(other));
+}
+#endif
