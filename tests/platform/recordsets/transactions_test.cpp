@@ -243,6 +243,30 @@ TEST_F(Transactions, StayOpenWhenSomebodyReadsOnSqlite)
     EXPECT_EQ(Stored(), Records{"1 n1"});
 }
 
+/// SQLite itself would keep the file and the table for whoever still reads; the driver has read
+/// everything by then.
+TEST_F(Transactions, AreNotHeldUpByAnUnfinishedResultOnSqlite)
+{
+    m_database.Close();
+    m_database.SetQueryTimeout(1);
+    m_database.OpenEx(ConnectOfRun());
+    Fill(3);
+    MakeTable("OTHERS", "ID INTEGER");
+    CNames names(&m_database);
+    names.Open(CRecordset::forwardOnly);
+    EXPECT_EQ(names.Record(), "1 n1");
+    OtherConnection().Execute("INSERT INTO NAMES VALUES (4,'n4')");
+    m_database.BeginTrans();
+    Insert(5);
+    Execute("DROP TABLE OTHERS");
+    EXPECT_TRUE(m_database.CommitTrans());
+    m_database.BeginTrans();
+    Insert(6);
+    EXPECT_TRUE(m_database.Rollback());
+    EXPECT_EQ(names.Rest(), (Records{"1 n1", "2 n2", "3 n3"}));
+    EXPECT_EQ(Stored(), (Records{"1 n1", "2 n2", "3 n3", "4 n4", "5 n5"}));
+}
+
 /// Only SQLite undoes a transaction because of a constraint.
 TEST_F(Transactions, ThatTheDatabaseUndidAreOverOnSqlite)
 {
