@@ -2,6 +2,7 @@
 
 #include "tools/zelconv/charset.h"
 #include "tools/zelconv/database.h"
+#include "tools/zelconv/sqliterows.h"
 #include "tools/zelconv/textview.h"
 
 #include <algorithm>
@@ -239,69 +240,60 @@ const TableColumn* FindTableColumn(const std::vector<TableColumn>& columns, std:
     return found == columns.end() ? nullptr : &*found;
 }
 
-std::string TakeDriverMessage(CDBException* error)
+std::string InOneLine(std::string text)
 {
-    std::string text = Utf8FromAnsi(ViewOf(error->m_strError));
-    error->Delete();
     std::replace_if(
         text.begin(), text.end(),
         [](char character) { return static_cast<unsigned char>(character) < ' '; }, ' ');
     return text;
 }
 
-std::string QuotedName(std::string_view name)
+std::string TakeDriverMessage(CDBException* error)
 {
-    const bool unusable = name.empty() || std::any_of(name.begin(), name.end(), [](char character) {
-                              return static_cast<unsigned char>(character) < ' ' ||
-                                     character == '`' || character == '"' || character == '\'';
-                          });
-    if (unusable)
-        throw Failure("'" + Utf8FromAnsi(name) + "' cannot be the name of a column or table");
-    return "`" + std::string(name) + "`";
-}
-
-TableName::TableName(const std::string& given) : m_given(given)
-{
-    std::string ansi;
-    if (ToAnsi(Charset::Utf8, given, ansi).status != CharsetResult::Status::Ok)
-        throw Failure("--table: a character that code page 1252 lacks");
-    const std::size_t point = ansi.rfind('.');
-    if (point != std::string::npos) {
-        m_schema = ansi.substr(0, point);
-        m_quoted = QuotedName(m_schema) + ".";
-    }
-    m_name = ansi.substr(point == std::string::npos ? 0 : point + 1);
-    m_quoted += QuotedName(m_name);
+    const std::string text = Utf8FromAnsi(ViewOf(error->m_strError));
+    error->Delete();
+    return InOneLine(text);
 }
 
 Database::Database(const std::string& connect, Access access)
 {
     const std::string text = ConnectString(connect, access);
-    const DWORD mode = access == Access::Read ? DWORD{CDatabase::openReadOnly} : DWORD{0};
-    OnDatabase(PlaceOf(connect),
-               [&] { m_database.OpenEx(text.c_str(), CDatabase::noOdbcDialog | mode); });
+    Open(connect, text, access);
     LearnDialect();
     if (m_dialect != Dialect::Sqlite || access != Access::Read)
         return;
     // Without that its driver reads a whole table into memory.
     m_database.Close();
-    OnDatabase(PlaceOf(connect), [&] {
-        m_database.OpenEx((text + ";StepAPI=1").c_str(), CDatabase::noOdbcDialog | mode);
-    });
+    Open(connect, text + ";StepAPI=1", access);
 }
 
+void Database::Open(const std::string& connect, const std::string& text, Access access)
+{
+    const DWORD mode = access == Access::Read ? DWORD{CDatabase::openReadOnly} : DWORD{0};
+    const SqliteWatch watch;
+    OnDatabase(PlaceOf(connect),
+               [&] { m_database.OpenEx(text.c_str(), CDatabase::noOdbcDialog | mode); });
+    m_sqlite = watch.GetLast();
+}
+
+/// SQLite would take a name in double quotes that it does not know for a text, and MariaDB does so
+/// with all of them.
 void Database::LearnDialect()
 {
-    std::array<char, 256> text{};
-    SQLSMALLINT length = 0;
-    SQLGetInfo(m_database.m_hdbc, SQL_DBMS_NAME, text.data(),
-               static_cast<SQLSMALLINT>(text.size() - 1), &length);
-    const std::string product(text.data());
+    const auto ask = [&](SQLUSMALLINT what) {
+        std::array<char, 256> text{};
+        SQLSMALLINT length = 0;
+        SQLGetInfo(m_database.m_hdbc, what, text.data(), static_cast<SQLSMALLINT>(text.size() - 1),
+                   &length);
+        return std::string(text.data());
+    };
+    const std::string product = ask(SQL_DBMS_NAME);
     if (product.find("SQLite") != std::string::npos)
         m_dialect = Dialect::Sqlite;
     else if (product.find("MariaDB") != std::string::npos ||
              product.find("MySQL") != std::string::npos)
         m_dialect = Dialect::MariaDb;
+    m_quote = m_dialect == Dialect::Other ? ask(SQL_IDENTIFIER_QUOTE_CHAR) : "`";
 }
 
 std::vector<TableColumn> Database::ColumnsOf(const TableName& table)

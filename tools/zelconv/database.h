@@ -1,8 +1,9 @@
 #ifndef ZELDT_TOOLS_ZELCONV_DATABASE_H
 #define ZELDT_TOOLS_ZELCONV_DATABASE_H
 
-/// What reading and writing tables have in common: the connection, names and messages.
+/// What reading and writing tables have in common: the connection, columns and messages.
 
+#include "tools/zelconv/databasenames.h"
 #include "tools/zelconv/fault.h"
 
 #include <platform/recordsets/database.h>
@@ -11,6 +12,8 @@
 #include <string_view>
 #include <utility>
 #include <vector>
+
+struct sqlite3;
 
 namespace zelconv {
 
@@ -43,6 +46,9 @@ struct TableColumn {
 /// none.
 const TableColumn* FindTableColumn(const std::vector<TableColumn>& columns, std::string_view name);
 
+/// A message of a database without the ends of lines in it.
+std::string InOneLine(std::string text);
+
 /// What the driver says, in one line of UTF-8. Takes the exception over.
 std::string TakeDriverMessage(CDBException* error);
 
@@ -57,30 +63,6 @@ decltype(auto) OnDatabase(const std::string& place, Body&& body)
     }
 }
 
-/// A name, in code page 1252, as statements have it; Failure if it cannot stand there.
-std::string QuotedName(std::string_view name);
-
-/// The name of a table from the command line. Points separate the schema.
-class TableName {
-public:
-    /// UTF-8; Failure for a name that cannot stand in a statement.
-    explicit TableName(const std::string& given);
-
-    /// For messages, in UTF-8.
-    const std::string& Given() const { return m_given; }
-    /// For statements.
-    const std::string& Quoted() const { return m_quoted; }
-    /// The parts in code page 1252; the schema may be empty.
-    const std::string& Schema() const { return m_schema; }
-    const std::string& Name() const { return m_name; }
-
-private:
-    std::string m_given;
-    std::string m_quoted;
-    std::string m_schema;
-    std::string m_name;
-};
-
 /// A connection from the command line: a connection string, or the file of a SQLite database.
 class Database {
 public:
@@ -94,15 +76,25 @@ public:
 
     CDatabase& Get() { return m_database; }
     Dialect GetDialect() const { return m_dialect; }
+    /// SQLite's own connection, through which its driver works. Null for other databases, and where
+    /// the driver has a SQLite of its own instead of the shared library.
+    sqlite3* GetSqlite() const { return m_sqlite; }
+
+    /// Names as statements have them; Failure for those that cannot stand there.
+    std::string Quoted(std::string_view name) const { return QuotedName(name, m_quote); }
+    std::string Quoted(const TableName& table) const { return table.Quoted(m_quote); }
 
     /// The columns of a table; none when there is no such table.
     std::vector<TableColumn> ColumnsOf(const TableName& table);
 
 private:
+    void Open(const std::string& connect, const std::string& text, Access access);
     void LearnDialect();
 
     CDatabase m_database;
+    sqlite3* m_sqlite = nullptr;
     Dialect m_dialect = Dialect::Other;
+    std::string m_quote; ///< encloses names
 };
 
 } // namespace zelconv

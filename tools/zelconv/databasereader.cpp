@@ -22,7 +22,8 @@ public:
           m_rows(m_database.Get(), NewMembers())
     {
         OnDatabase(m_table.Given(), [&] {
-            m_rows.Open(CRecordset::forwardOnly, m_table.Quoted().c_str(), CRecordset::readOnly);
+            m_rows.Open(CRecordset::forwardOnly, m_database.Quoted(m_table).c_str(),
+                        CRecordset::readOnly);
         });
     }
 
@@ -54,7 +55,8 @@ std::vector<TableRows::Member> DatabaseReader::NewMembers()
         const bool isLimited = place != nullptr && place->length != 0;
         const std::size_t length =
             isLimited ? std::min(place->length, kMostCharacters) : kMostCharacters;
-        members.push_back({QuotedName(column.name), DatabaseTypeOf(*column.type).newField(length)});
+        members.push_back(
+            {m_database.Quoted(column.name), DatabaseTypeOf(*column.type).newField(length)});
     }
     return members;
 }

@@ -72,18 +72,40 @@ private:
     int m_member = 0;
 };
 
-template <typename Value>
-Finding AppendNumber(const ZelDtBasis& value, const TableColumn&, Dialect, std::string& sql)
+std::int64_t NumberOf(const ZelDtLong& value)
 {
-    sql += ViewOf(static_cast<const Value&>(value).ConvToSQL());
+    return static_cast<long>(value);
+}
+
+std::int64_t NumberOf(const ZelDtShort& value)
+{
+    return static_cast<short>(value);
+}
+
+/// The class gives its count in this way only.
+std::int64_t NumberOf(const ZelDtTime& value)
+{
+    const ZelDtString sql = value.ConvToSQL();
+    const std::string_view text = ViewOf(sql);
+    std::int64_t number = 0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return number;
+}
+
+template <typename Value>
+Finding AppendNumber(const ZelDtBasis& value, const TableColumn&, const RowSink& sink,
+                     std::string& row)
+{
+    sink.AddWhole(NumberOf(static_cast<const Value&>(value)), row);
     return {};
 }
 
 /// From archives there may be other numbers than 0 and 1.
-Finding AppendBool(const ZelDtBasis& value, const TableColumn&, Dialect, std::string& sql)
+Finding AppendBool(const ZelDtBasis& value, const TableColumn&, const RowSink& sink,
+                   std::string& row)
 {
     const int number = static_cast<int>(static_cast<const ZelDtBool&>(value));
-    sql += number != 0 ? '1' : '0';
+    sink.AddWhole(number, row);
     return Unless(number == 0 || number == 1, RowError::Changed);
 }
 
@@ -116,23 +138,22 @@ private:
     CString m_member;
 };
 
-/// In quotes, because SQLite takes a number with a point for a double.
-Finding AppendDecimal(const ZelDtBasis& value, const TableColumn& place, Dialect dialect,
-                      std::string& sql)
+/// As a text, because SQLite takes a number with a point for a double.
+Finding AppendDecimal(const ZelDtBasis& value, const TableColumn& place, const RowSink& sink,
+                      std::string& row)
 {
     constexpr std::size_t kDigitsOfDouble = 15;
-    const ZelDtString text = static_cast<const ZelDtDecimal&>(value).ConvToSQL();
-    sql += '\'';
-    sql += ViewOf(text);
-    sql += '\'';
-    const DecimalShape shape = ShapeOf(ViewOf(text));
-    if (place.content == Content::Decimal)
+    const ZelDtString number = static_cast<const ZelDtDecimal&>(value).ConvToSQL();
+    const std::string_view text = ViewOf(number);
+    sink.AddText(text, row);
+    if (place.content == Content::Decimal) {
+        const DecimalShape shape = ShapeOf(text);
         return Unless(shape.whole <= place.length - place.places && shape.places <= place.places,
                       RowError::IntoDatabase);
-    if (place.content == Content::Floating && dialect == Dialect::Sqlite)
-        return Unless(shape.significant <= kDigitsOfDouble, RowError::IntoDatabase);
-    const auto length = static_cast<std::size_t>(text.GetLength());
-    return Unless(place.length == 0 || length <= place.length, RowError::IntoDatabase);
+    }
+    if (place.content == Content::Floating)
+        return Unless(ShapeOf(text).significant <= kDigitsOfDouble, RowError::IntoDatabase);
+    return Unless(place.length == 0 || text.size() <= place.length, RowError::IntoDatabase);
 }
 
 /// A column with a fixed number of decimals would give them to every value.
@@ -147,82 +168,14 @@ std::string DeclareDecimal(const Column& column, Dialect dialect)
 
 // Doubles
 
-/// 2 to the power of `exponent` with a point.
-std::string PowerOfTwo(int exponent)
-{
-    return std::to_string(std::uint64_t{1} << static_cast<unsigned>(exponent)) + ".0";
-}
-
-/// SQLite rounds twice when it reads a text: to the 64 bits of an extended number, then to a
-/// double. That goes wrong only if the first result lies in the middle between two doubles. `text`
-/// has digits and a point.
-bool IsReadExactly(std::string_view text)
-{
-    constexpr std::size_t kMostCharacters = 16; // of which 15 are digits, for sure below 2^53
-    constexpr std::uint64_t kMiddle = std::uint64_t{1} << 10U;
-    const std::size_t point = text.find('.');
-    if (std::numeric_limits<long double>::digits != 64 || text.size() > kMostCharacters ||
-        point == text.npos)
-        return false;
-    std::uint64_t digits = 0;
-    std::uint64_t scale = 1;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (i == point)
-            continue;
-        digits = digits * 10 + static_cast<std::uint64_t>(text[i] - '0');
-        scale *= i > point ? 10 : 1;
-    }
-    int exponent = 0;
-    const long double quotient = static_cast<long double>(digits) / static_cast<long double>(scale);
-    const long double bits = std::ldexp(std::frexp(quotient, &exponent), 64);
-    return static_cast<std::uint64_t>(bits) % (2 * kMiddle) != kMiddle;
-}
-
-/// As a product or quotient in which nothing is rounded.
-void AppendExactDouble(double number, std::string& sql)
-{
-    constexpr int kDigits = std::numeric_limits<double>::digits;
-    constexpr int kMostPower = 62;
-    int exponent = 0;
-    auto mantissa = static_cast<std::int64_t>(std::ldexp(std::frexp(number, &exponent), kDigits));
-    exponent -= kDigits;
-    for (; mantissa != 0 && mantissa % 2 == 0; mantissa /= 2)
-        ++exponent;
-    sql += '(' + std::to_string(mantissa) + (exponent >= 0 ? "*1.0" : "");
-    for (int rest = mantissa == 0 ? 0 : std::abs(exponent); rest > 0; rest -= kMostPower)
-        sql += (exponent < 0 ? "/" : "*") + PowerOfTwo(std::min(rest, kMostPower));
-    sql += ')';
-}
-
-void AppendForSqlite(double number, std::string& sql)
-{
-    std::array<char, 400> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), std::fabs(number),
-                                   std::chars_format::fixed);
-    const std::string_view shown(text.data(), static_cast<std::size_t>(end.ptr - text.data()));
-    if (!IsReadExactly(shown)) {
-        AppendExactDouble(number, sql);
-        return;
-    }
-    sql += number < 0 ? "-" : "";
-    sql += shown;
-}
-
-/// The exponent tells other databases that it is a double. NaN and infinities come from archives
-/// only.
-Finding AppendDouble(const ZelDtBasis& value, const TableColumn&, Dialect dialect, std::string& sql)
+/// NaN and infinities come from archives only.
+Finding AppendDouble(const ZelDtBasis& value, const TableColumn&, const RowSink& sink,
+                     std::string& row)
 {
     const auto number = static_cast<double>(static_cast<const ZelDtDouble&>(value));
     if (!std::isfinite(number))
         return RowError::Changed;
-    if (dialect == Dialect::Sqlite) {
-        AppendForSqlite(number, sql);
-        return {};
-    }
-    std::array<char, 40> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), number,
-                                   std::chars_format::scientific);
-    sql.append(text.data(), end.ptr);
+    sink.AddDouble(number, row);
     return {};
 }
 
@@ -263,28 +216,16 @@ private:
     CString m_member;
 };
 
-/// In single quotes: SQLite looks for a column of that name first where they are double.
-void AppendQuoted(std::string_view text, std::string& sql)
-{
-    sql += '\'';
-    for (std::size_t quote = text.find('\''); quote != text.npos; quote = text.find('\'')) {
-        sql.append(text, 0, quote + 1);
-        sql += '\'';
-        text.remove_prefix(quote + 1);
-    }
-    sql += text;
-    sql += '\'';
-}
-
 template <typename Value>
-Finding AppendText(const ZelDtBasis& value, const TableColumn& place, Dialect, std::string& sql)
+Finding AppendText(const ZelDtBasis& value, const TableColumn& place, const RowSink& sink,
+                   std::string& row)
 {
     const ZelDtString plain(static_cast<const Value&>(value));
     const std::string_view text = ViewOf(plain);
     if (text.find('\0') != std::string_view::npos ||
         (text.empty() && value.GetDtTyp() == ZelDtTypChar))
         return RowError::NulByte;
-    AppendQuoted(text, sql);
+    sink.AddText(text, row);
     if (place.content == Content::FixedText && text.ends_with(' '))
         return RowError::IntoDatabase;
     return Unless(place.length == 0 || text.size() <= place.length, RowError::IntoDatabase);
@@ -332,42 +273,34 @@ private:
     TIMESTAMP_STRUCT m_member{};
 };
 
-/// A number with two digits behind `before`.
-void AppendTwoDigits(int number, char before, std::string& sql)
+/// Appends a number with two digits behind `before`.
+void AppendTwoDigits(int number, char before, std::string& text)
 {
-    sql += before;
-    sql += static_cast<char>('0' + number / 10);
-    sql += static_cast<char>('0' + number % 10);
+    text += before;
+    text += static_cast<char>('0' + number / 10);
+    text += static_cast<char>('0' + number % 10);
 }
 
-/// 'YYYY-MM-DD' with the time of day behind it, if wanted.
-Finding AppendMoment(const ZelDtBasis& value, bool hasTime, std::string& sql)
+/// YYYY-MM-DD with the time of day behind it, if wanted.
+template <bool HasTime>
+Finding AppendMoment(const ZelDtBasis& value, const TableColumn&, const RowSink& sink,
+                     std::string& row)
 {
     const std::tm fields = static_cast<const ZelDtDateTime&>(value).GetValue();
     const int year = fields.tm_year + kBaseYear;
     if (!IsDate(year, fields.tm_mon + 1, fields.tm_mday) ||
         !IsTimeOfDay(fields.tm_hour, fields.tm_min, fields.tm_sec))
         return RowError::Changed;
-    sql += '\'' + std::to_string(year);
-    AppendTwoDigits(fields.tm_mon + 1, '-', sql);
-    AppendTwoDigits(fields.tm_mday, '-', sql);
-    if (hasTime) {
-        AppendTwoDigits(fields.tm_hour, ' ', sql);
-        AppendTwoDigits(fields.tm_min, ':', sql);
-        AppendTwoDigits(fields.tm_sec, ':', sql);
+    std::string text = std::to_string(year);
+    AppendTwoDigits(fields.tm_mon + 1, '-', text);
+    AppendTwoDigits(fields.tm_mday, '-', text);
+    if (HasTime) {
+        AppendTwoDigits(fields.tm_hour, ' ', text);
+        AppendTwoDigits(fields.tm_min, ':', text);
+        AppendTwoDigits(fields.tm_sec, ':', text);
     }
-    sql += '\'';
+    sink.AddText(text, row);
     return {};
-}
-
-Finding AppendDateTime(const ZelDtBasis& value, const TableColumn&, Dialect, std::string& sql)
-{
-    return AppendMoment(value, true, sql);
-}
-
-Finding AppendDate(const ZelDtBasis& value, const TableColumn&, Dialect, std::string& sql)
-{
-    return AppendMoment(value, false, sql);
 }
 
 /// Types that every database calls the same.
@@ -408,8 +341,9 @@ constexpr std::array<DatabaseType, 10> kTypes = {{
     {"char", kText, kText, &NewField<CharField>, &Declare<kOneCharacter>, &AppendText<ZelDtChar>},
     {"string", kText, kText, &NewField<TextField>, &DeclareText, &AppendText<ZelDtString>},
     {"datetime", kMomentContents, kMomentContents, &NewField<MomentField>, &Declare<kDateTime>,
-     &AppendDateTime},
-    {"date", kDateContents, kDateContents, &NewField<MomentField>, &Declare<kDate>, &AppendDate},
+     &AppendMoment<true>},
+    {"date", kDateContents, kDateContents, &NewField<MomentField>, &Declare<kDate>,
+     &AppendMoment<false>},
     {"time", kWhole, kWhole, &NewField<PlainField<ZelDtTime, long, &RFX_Long>>, &Declare<kInteger>,
      &AppendNumber<ZelDtTime>},
 }};

@@ -6,6 +6,7 @@
 
 #include "tools/zelconv/column.h"
 #include "tools/zelconv/database.h"
+#include "tools/zelconv/rowsink.h"
 
 #include <memory>
 #include <string>
@@ -38,9 +39,9 @@ struct DatabaseType {
     std::unique_ptr<Field> (*newField)(std::size_t mostCharacters);
     /// The type in CREATE TABLE.
     std::string (*declare)(const Column& column, Dialect dialect);
-    /// Appends a defined value as statements have it; a finding if the column has no room for it.
-    Finding (*append)(const ZelDtBasis& value, const TableColumn& place, Dialect dialect,
-                      std::string& sql);
+    /// Appends a defined value to a row; a finding if the column has no room for it.
+    Finding (*append)(const ZelDtBasis& value, const TableColumn& place, const RowSink& sink,
+                      std::string& row);
 
     bool Fits(Content content, Dialect dialect) const;
 };

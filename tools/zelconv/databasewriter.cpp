@@ -40,40 +40,41 @@ std::vector<Place> FindPlaces(OutputTable& table, const Columns& columns)
     return places;
 }
 
-/// Makes the list of values of a row.
+/// Makes rows for the sink of the table.
 class DatabaseWriter final : public Writer {
 public:
-    DatabaseWriter(std::vector<Place> places, Dialect dialect)
-        : m_places(std::move(places)), m_dialect(dialect)
+    DatabaseWriter(std::vector<Place> places, const RowSink& sink)
+        : m_places(std::move(places)), m_sink(sink)
     {}
 
     void Begin(Output&) override {}
     void Encode(const Row& row, std::string& record) override;
 
 private:
+    void AppendCell(const ZelDtBasis& value, int column, std::string& record) const;
+
     std::vector<Place> m_places;
-    Dialect m_dialect;
+    const RowSink& m_sink;
 };
 
 void DatabaseWriter::Encode(const Row& row, std::string& record)
 {
-    record = "(";
-    for (int column = 0; column < row.GetCount(); ++column) {
-        const Place& place = m_places[static_cast<std::size_t>(column)];
-        if (column != 0)
-            record += ',';
-        if (!row[column].IsDefined()) {
-            record += "NULL";
-            continue;
-        }
-        Refuse(ForColumn(column,
-                         [&] {
-                             return place.type->append(row[column], place.column, m_dialect,
-                                                       record);
-                         }),
-               column);
+    record.clear();
+    for (int column = 0; column < row.GetCount(); ++column)
+        AppendCell(row[column], column, record);
+    m_sink.EndRow(record);
+}
+
+void DatabaseWriter::AppendCell(const ZelDtBasis& value, int column, std::string& record) const
+{
+    if (!value.IsDefined()) {
+        m_sink.AddNull(record);
+        return;
     }
-    record += ')';
+    const Place& place = m_places[static_cast<std::size_t>(column)];
+    Refuse(
+        ForColumn(column, [&] { return place.type->append(value, place.column, m_sink, record); }),
+        column);
 }
 
 } // namespace
@@ -81,9 +82,9 @@ void DatabaseWriter::Encode(const Row& row, std::string& record)
 Target NewDatabaseTarget(const Columns& columns, const Options& options)
 {
     auto table = std::make_unique<OutputTable>(options, columns);
+    std::vector<Place> places = FindPlaces(*table, columns);
     Target target;
-    target.writer =
-        std::make_unique<DatabaseWriter>(FindPlaces(*table, columns), table->GetDialect());
+    target.writer = std::make_unique<DatabaseWriter>(std::move(places), table->OpenSink(columns));
     target.output = std::move(table);
     return target;
 }

@@ -2,17 +2,9 @@
 
 #include "tools/zelconv/databasetypes.h"
 
-#include <utility>
-
 namespace zelconv {
 
 namespace {
-
-/// How much goes into a statement. More rows save round trips to a server; SQLite needs none, and
-/// long statements cost it more than they save.
-constexpr std::size_t kMostBytes = std::size_t{256} * 1024;
-constexpr std::size_t kMostRows = 1000;
-constexpr std::size_t kMostRowsSqlite = 32;
 
 Database::Access AccessOf(const Options& options)
 {
@@ -23,12 +15,8 @@ Database::Access AccessOf(const Options& options)
 
 OutputTable::OutputTable(const Options& options, const Columns& columns)
     : m_table(options.table), m_database(options.output, AccessOf(options)),
-      m_queue(m_database, m_table.Given()), m_beginning("INSERT INTO " + m_table.Quoted())
+      m_found(m_database.ColumnsOf(m_table))
 {
-    for (std::size_t i = 0; i < columns.size(); ++i)
-        m_beginning += (i == 0 ? " (" : ",") + QuotedName(columns[i].name);
-    m_beginning += ") VALUES ";
-    m_found = m_database.ColumnsOf(m_table);
     if (m_found.empty() && !options.create)
         throw Failure(m_table.Given() + ": there is no such table (--create yes makes it)");
     OnDatabase(m_table.Given(), [&] {
@@ -48,10 +36,10 @@ OutputTable::~OutputTable()
 /// SQLite makes tables in the transaction; others do it at once.
 void OutputTable::Create(const Columns& columns)
 {
-    std::string sql = "CREATE TABLE " + m_table.Quoted();
+    std::string sql = "CREATE TABLE " + m_database.Quoted(m_table);
     for (std::size_t i = 0; i < columns.size(); ++i) {
         const DatabaseType& type = DatabaseTypeOf(*columns[i].type);
-        sql += (i == 0 ? " (" : ",") + QuotedName(columns[i].name) + " " +
+        sql += (i == 0 ? " (" : ",") + m_database.Quoted(columns[i].name) + " " +
                type.declare(columns[i], GetDialect());
     }
     m_database.Get().ExecuteSQL((sql + ")").c_str());
@@ -59,28 +47,11 @@ void OutputTable::Create(const Columns& columns)
     m_found = m_database.ColumnsOf(m_table);
 }
 
-void OutputTable::Write(std::string_view values)
+const RowSink& OutputTable::OpenSink(const Columns& columns)
 {
-    if (m_rows != 0 && m_statement.size() + values.size() > kMostBytes)
-        Send();
-    m_statement += m_rows == 0 ? m_beginning : ",";
-    m_statement += values;
-    ++m_rows;
-    if (m_rows == (GetDialect() == Dialect::Sqlite ? kMostRowsSqlite : kMostRows))
-        Send();
-}
-
-void OutputTable::Send()
-{
-    m_queue.Add(std::exchange(m_statement, {}));
-    m_rows = 0;
-}
-
-void OutputTable::Finish()
-{
-    if (m_rows != 0)
-        Send();
-    m_queue.Finish();
+    m_sink = NewRowSink(m_database, m_table, columns);
+    m_queue.emplace(*m_sink);
+    return *m_sink;
 }
 
 void OutputTable::Publish()
@@ -91,11 +62,12 @@ void OutputTable::Publish()
 
 void OutputTable::Undo() noexcept
 {
-    m_queue.Abandon();
+    // Ends the thread, and with it what is being inserted.
+    m_queue.reset();
     try {
         m_database.Get().Rollback();
         if (m_isLeftByRollback)
-            m_database.Get().ExecuteSQL(("DROP TABLE " + m_table.Quoted()).c_str());
+            m_database.Get().ExecuteSQL(("DROP TABLE " + m_database.Quoted(m_table)).c_str());
     } catch (CException* error) {
         // A connection that is lost undoes the rows by itself.
         error->Delete();

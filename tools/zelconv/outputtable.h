@@ -7,8 +7,11 @@
 #include "tools/zelconv/database.h"
 #include "tools/zelconv/options.h"
 #include "tools/zelconv/output.h"
-#include "tools/zelconv/statementqueue.h"
+#include "tools/zelconv/rowqueue.h"
+#include "tools/zelconv/rowsink.h"
 
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,8 +20,7 @@ namespace zelconv {
 
 class OutputTable final : public Output {
 public:
-    /// Begins the transaction. Makes the table if it is missing and --create allows it; else it is
-    /// a Failure.
+    /// Makes the table if it is missing and --create allows it; else it is a Failure.
     OutputTable(const Options& options, const Columns& columns);
     /// Undoes what was not published.
     ~OutputTable() override;
@@ -30,29 +32,28 @@ public:
     /// The columns that the table has.
     const std::vector<TableColumn>& GetColumns() const { return m_found; }
 
-    /// Takes the values of a row, in parentheses.
-    void Write(std::string_view values) override;
+    /// Gets ready for rows. Write takes what the sink has made.
+    const RowSink& OpenSink(const Columns& columns);
+
+    void Write(std::string_view row) override { m_queue->Add(row); }
 
     /// Sends the last rows.
-    void Finish() override;
+    void Finish() override { m_queue->Finish(); }
 
     /// Commits.
     void Publish() override;
 
 private:
     void Create(const Columns& columns);
-    void Send();
     void Undo() noexcept;
 
     TableName m_table;
     Database m_database;
-    StatementQueue m_queue;
     std::vector<TableColumn> m_found;
     bool m_isPublished = false;
     bool m_isLeftByRollback = false; ///< the table was made and is not undone with the rows
-    std::string m_beginning;         ///< of every statement, up to the values
-    std::string m_statement;
-    std::size_t m_rows = 0; ///< in the statement
+    std::unique_ptr<RowSink> m_sink;
+    std::optional<RowQueue> m_queue;
 };
 
 } // namespace zelconv

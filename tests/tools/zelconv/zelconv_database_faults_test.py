@@ -2,6 +2,7 @@
 
 import os
 import pathlib
+import resource
 import signal
 import sqlite3
 import subprocess
@@ -145,6 +146,53 @@ class AllOrNothing(DatabaseCase):
         self.refuse(self.put("N:long", "N\n1\n", "--create", "yes", connect=connect, table="U",
                              status=2), "U: ", "denied")
         self.assertEqual((count(), table_names()), (1, ["T"]))
+
+    @unittest.skipUnless(IS_SQLITE, "the server's disk is not the test's")
+    def test_a_full_disk(self):
+        execute("CREATE TABLE T (N TEXT)", "INSERT INTO T VALUES ('alt')")
+        self.write("in", "N\n" + f"{'x' * 1000}\n" * 20000)
+
+        def limit_files():
+            # A file that may not grow further is an error like a disk that is full.
+            signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
+            resource.setrlimit(resource.RLIMIT_FSIZE, (1 << 20, 1 << 20))
+
+        process = subprocess.run(
+            [ZELCONV, "--columns", "N:string", "--from", "csv", "--to", f"odbc:{CONNECT}",
+             "--table", "T", "in"], cwd=self.folder, preexec_fn=limit_files, check=False,
+            capture_output=True)
+        self.assertEqual(process.returncode, 2, process.stderr)
+        self.assertRegex(process.stderr, rb"^zelconv: T: .*disk.*\n$")
+        self.assertEqual(execute("PRAGMA integrity_check"), [["ok"]])
+        self.assertEqual(execute("SELECT N FROM T"), [["alt"]])
+
+    @unittest.skipUnless(IS_SQLITE, "only SQLite lets constraints and triggers end a transaction")
+    def test_a_transaction_that_the_database_undoes(self):
+        content = "N\n" + "".join(f"{i}\n" for i in range(100, 5100)) + "7\n"
+        content += "".join(f"{i}\n" for i in range(6000, 16000))
+        refusal = ("CREATE TRIGGER R BEFORE INSERT ON T WHEN new.N = 7 "
+                   "BEGIN SELECT RAISE(ROLLBACK, 'nicht\ndie Sieben'); END")
+        for table, trigger, message in (
+                ("N INTEGER UNIQUE ON CONFLICT ROLLBACK", "SELECT 1", "UNIQUE constraint"),
+                ("N INTEGER", refusal, "T: nicht die Sieben\n")):
+            with self.subTest(table=table):
+                execute(f"CREATE TABLE T ({table})", "INSERT INTO T VALUES (7)", trigger)
+                self.refuse(self.put("N:long", content, status=2), "T: ", message)
+                self.assertEqual(execute("SELECT N FROM T"), [[7]])
+                execute("DROP TABLE T")
+
+    @unittest.skipUnless(IS_SQLITE, "a reader does not keep a server from writing")
+    def test_a_reader_that_does_not_end(self):
+        execute("CREATE TABLE T (N INTEGER)", "INSERT INTO T VALUES (7), (8)")
+        other = sqlite3.connect(attribute("Database"), isolation_level=None)
+        self.addCleanup(other.close)
+        rows = other.execute("SELECT N FROM T")
+        self.assertEqual(next(rows), (7,))
+        self.refuse(self.put("N:long", "N\n1\n", status=2), "T: ", "locked")
+        self.assertEqual(list(rows), [(8,)])
+        self.assertEqual(count(), 2)
+        self.put("N:long", "N\n1\n")
+        self.assertEqual(count(), 3)
 
     @unittest.skipUnless(IS_SQLITE, "a server lets others wait by rows")
     def test_a_locked_file(self):

@@ -59,6 +59,16 @@ class ThereAndBack(DatabaseCase):
                          [["2", "-32768", "-0.01", "-0.5", "-1.5", "0", "ß", 'O\'Brien; "Süd"',
                            "2000-03-05 14:07:09", "2000-02-29", "-600"]])
 
+    @unittest.skipUnless(IS_SQLITE, "elsewhere columns have the type")
+    def test_the_types_that_values_get(self):
+        names = HEADER.strip().split(";")
+        execute(f"CREATE TABLE T ({','.join(names)})")
+        self.put(COLUMNS, HEADER + ROWS.splitlines(True)[2] + ";" * 10 + "\n")
+        types = ",".join(f"typeof({name})" for name in names)
+        self.assertEqual(execute(f"SELECT {types} FROM T"),
+                         [["integer", "integer", "text", "text", "real", "integer", "text", "text",
+                           "text", "text", "integer"], ["null"] * 11])
+
     def test_null_is_null(self):
         self.put(COLUMNS, HEADER + ";" * 10 + "\n", "--create", "yes")
         names = HEADER.strip().split(";")
@@ -158,6 +168,23 @@ class ThereAndBack(DatabaseCase):
         content = "N\n" + "ü" * 300000 + "\n" + "x" * 3000000 + "\n"
         self.put("N:string", content, "--create", "yes")
         self.assertEqual(self.get("N:string").decode(), content)
+
+    def test_many_columns(self):
+        names = [f"C{i}" for i in range(300)]
+        kinds = ("long", "string", "double")
+        columns = ",".join(f"{name}:{kinds[i % 3]}" for i, name in enumerate(names))
+        content = ";".join(names) + "\n" + "".join(
+            f"{row};" + ";".join("" if (row + i) % 7 == 0 else str(row * i)
+                                 for i in range(1, 300)) + "\n" for row in range(50))
+        self.put(columns, content, "--create", "yes")
+        self.assertEqual(self.get(columns, "--sort", "C0").decode(), content)
+
+    def test_rows_of_every_size(self):
+        # What is handed over at once ends before, in and behind such rows.
+        content = "N;S\n" + "".join(f"{i};{'x' * size}\n" for i, size in enumerate(
+            [262143, 1, 262144, 131070, 131071, 131072, *range(262100, 262145), 1, 600000, 1]))
+        self.put("N:long,S:string", content, "--create", "yes")
+        self.assertEqual(self.get("N:long,S:string", "--sort", "N").decode(), content)
 
     def test_from_table_to_table(self):
         self.put("N:long,S:string", "N;S\n1;a\n2;b\n", "--create", "yes")

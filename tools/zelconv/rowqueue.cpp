@@ -1,14 +1,15 @@
-#include "tools/zelconv/statementqueue.h"
+#include "tools/zelconv/rowqueue.h"
 
 #include <csignal>
-#include <utility>
 
 namespace zelconv {
 
 namespace {
 
-/// How much is handed over at once. Less would cost switching between the threads.
-constexpr std::size_t kBatchBytes = std::size_t{256} * 1024;
+/// How much is handed over at once. Less would cost switching between the threads, and ways to a
+/// server.
+constexpr std::size_t kMostBytes = std::size_t{256} * 1024;
+constexpr std::size_t kMostRows = 1000;
 
 /// Leaves signals to the thread that knows when they may come.
 void HoldSignals()
@@ -20,24 +21,17 @@ void HoldSignals()
 
 } // namespace
 
-StatementQueue::StatementQueue(Database& database, std::string place)
-    : m_database(database), m_place(std::move(place))
-{}
-
-StatementQueue::~StatementQueue()
+void RowQueue::Add(std::string_view row)
 {
-    Abandon();
-}
-
-void StatementQueue::Add(std::string statement)
-{
-    m_bytes += statement.size();
-    m_batch.push_back(std::move(statement));
-    if (m_bytes >= kBatchBytes)
+    if (m_count != 0 && m_rows.size() + row.size() > kMostBytes)
+        HandOver();
+    m_rows += row;
+    ++m_count;
+    if (m_count == kMostRows)
         HandOver();
 }
 
-void StatementQueue::HandOver()
+void RowQueue::HandOver()
 {
     if (!m_thread.joinable())
         m_thread = std::thread([this] { Run(); });
@@ -45,14 +39,14 @@ void StatementQueue::HandOver()
     m_changed.wait(lock, [this] { return m_waiting.empty() || m_failure != nullptr; });
     if (m_failure != nullptr)
         std::rethrow_exception(m_failure);
-    m_waiting.swap(m_batch);
-    m_bytes = 0;
+    m_waiting.swap(m_rows);
+    m_count = 0;
     m_changed.notify_all();
 }
 
-void StatementQueue::Finish()
+void RowQueue::Finish()
 {
-    if (!m_batch.empty())
+    if (m_count != 0)
         HandOver();
     if (!m_thread.joinable())
         return;
@@ -66,7 +60,7 @@ void StatementQueue::Finish()
         std::rethrow_exception(m_failure);
 }
 
-void StatementQueue::Abandon() noexcept
+void RowQueue::Abandon() noexcept
 {
     if (!m_thread.joinable())
         return;
@@ -79,12 +73,12 @@ void StatementQueue::Abandon() noexcept
 }
 
 /// The thread.
-void StatementQueue::Run() noexcept
+void RowQueue::Run() noexcept
 {
     HoldSignals();
     try {
-        for (Batch batch; Next(batch);)
-            Execute(batch);
+        for (std::string rows; Next(rows);)
+            m_sink.Insert(rows);
     } catch (...) {
         const std::lock_guard<std::mutex> lock(m_mutex);
         m_failure = std::current_exception();
@@ -93,28 +87,16 @@ void StatementQueue::Run() noexcept
 }
 
 /// False when there will be no more.
-bool StatementQueue::Next(Batch& batch)
+bool RowQueue::Next(std::string& rows)
 {
-    batch.clear();
+    rows.clear();
     std::unique_lock<std::mutex> lock(m_mutex);
     m_changed.wait(lock, [this] { return !m_waiting.empty() || m_isEnding || m_isAbandoned; });
     if (m_isAbandoned || m_waiting.empty())
         return false;
-    batch.swap(m_waiting);
+    rows.swap(m_waiting);
     m_changed.notify_all();
     return true;
-}
-
-void StatementQueue::Execute(const Batch& batch)
-{
-    for (const std::string& statement : batch) {
-        {
-            const std::lock_guard<std::mutex> lock(m_mutex);
-            if (m_isAbandoned)
-                return;
-        }
-        OnDatabase(m_place, [&] { m_database.Get().ExecuteSQL(statement.c_str()); });
-    }
 }
 
 } // namespace zelconv
