@@ -48,11 +48,9 @@ TEST(DatabaseNames, StandAloneWhereNothingEnclosesThem)
     for (const char* quote : {"", " "}) {
         EXPECT_EQ(QuotedName("KUNDEN", quote), "KUNDEN");
         EXPECT_EQ(QuotedName("_a9Z", quote), "_a9Z");
-        for (const char* name : {"Haus-Nr", "9a", "a b", "a;b", "\xC4nderung", "a.b", "[a]"})
-            EXPECT_EQ(RefusalOf(name, quote).find(" cannot be the name of a column or table") ==
-                          std::string::npos,
-                      false)
-                << name;
+        for (const char* name : {"Haus-Nr", "9a", "a b", "a;b", "a.b", "[a]"})
+            EXPECT_EQ(RefusalOf(name, quote),
+                      "'" + std::string(name) + "' cannot be the name of a column or table");
     }
 }
 
@@ -62,6 +60,7 @@ TEST(DatabaseNames, CannotHoldQuotesOrControlCharacters)
         for (const char* quote : {"`", "\"", "|", " "})
             EXPECT_NE(RefusalOf(name, quote), "") << name << quote;
     }
+    EXPECT_EQ(RefusalOf("\xFC", ""), "'\xC3\xBC' cannot be the name of a column or table");
     EXPECT_EQ(RefusalOf("a|b", "|"), "'a|b' cannot be the name of a column or table");
     EXPECT_EQ(RefusalOf("a|b", "`"), "");
     EXPECT_EQ(RefusalOf("\xFC`", "`"), "'\xC3\xBC`' cannot be the name of a column or table");
