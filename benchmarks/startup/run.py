@@ -1,0 +1,123 @@
+#!/usr/bin/env python3
+"""Measures how large the libraries are and how long loading the value classes takes.
+
+    benchmarks/startup/run.py [--program FILE] [--times N] [FOLDER...]
+
+For each build folder (default: that of the preset 'bench'): bytes of every library without symbols
+and of its code; medians in microseconds of loading and unloading the library of the value classes
+with all it needs, the first time in a process and again, and of a whole program that does nothing.
+The libraries of a Windows folder are loaded under Wine.
+"""
+
+import argparse
+import os
+import pathlib
+import shutil
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
+LIBRARY = "ZELQRNDT017"
+# Processes, each of which loads for a first time.
+STARTS = 15
+
+
+def parse_arguments():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("folders", nargs="*", type=pathlib.Path, metavar="FOLDER",
+                        default=[ROOT / "build/bench"], help="build folders")
+    parser.add_argument("--program", type=pathlib.Path, metavar="FILE",
+                        help="the program that loads (default: zel_startup of the folder)")
+    parser.add_argument("--times", type=int, default=100, metavar="N",
+                        help="loads in one process")
+    return parser.parse_args()
+
+
+class Target:
+    """The libraries of one build folder, and how programs for its system are run."""
+
+    def __init__(self, folder, program):
+        self.bin = folder / "bin"
+        self.is_windows = (self.bin / f"{LIBRARY}.dll").exists()
+        suffix = ".dll" if self.is_windows else ".so"
+        self.prefix = "" if self.is_windows else "lib"
+        self.tools = "x86_64-w64-mingw32-" if self.is_windows else ""
+        self.libraries = sorted(self.bin.glob(f"{self.prefix}ZELQRN*{suffix}"))
+        self.library = self.bin / f"{self.prefix}{LIBRARY}{suffix}"
+        self.program = program or self.bin / ("zel_startup.exe" if self.is_windows
+                                              else "zel_startup")
+        for needed in (self.library, self.program):
+            if not needed.exists():
+                sys.exit(f"startup/run.py: {needed} is missing")
+
+    def run(self, *words):
+        command = [str(self.program), *words]
+        environment = dict(os.environ)
+        if self.is_windows:
+            command.insert(0, str(ROOT / "cmake/run-under-wine.sh"))
+        return subprocess.run(command, check=True, stdout=subprocess.PIPE, encoding="ascii",
+                              cwd=self.bin, env=environment).stdout
+
+    def load(self, times):
+        """The microseconds of each load."""
+        return [float(line) for line in self.run(self.library.name if self.is_windows
+                                                 else str(self.library.resolve()),
+                                                 str(times)).split()]
+
+    def start(self):
+        begin = time.monotonic()
+        self.run()
+        return 1e6 * (time.monotonic() - begin)
+
+
+def sizes(library, tools):
+    """Bytes of the file without symbols, and of its code."""
+    with tempfile.TemporaryDirectory() as folder:
+        stripped = pathlib.Path(folder) / library.name
+        shutil.copyfile(library, stripped)
+        subprocess.run([f"{tools}strip", stripped], check=True)
+        listing = subprocess.run([f"{tools}size", "-A", stripped], check=True,
+                                 stdout=subprocess.PIPE, encoding="ascii").stdout
+        return stripped.stat().st_size, code_size(listing)
+
+
+def code_size(listing):
+    """The size of the section .text in the output of size -A."""
+    for line in listing.splitlines():
+        cells = line.split()
+        if cells and cells[0] == ".text":
+            return int(cells[1])
+    return 0
+
+
+def report(folder, arguments):
+    target = Target(folder, arguments.program)
+    print(folder)
+    print(f"  {'library':<24}{'bytes':>10}{'code':>10}")
+    for library in target.libraries:
+        size, code = sizes(library.resolve(), target.tools)
+        print(f"  {library.name:<24}{size:>10}{code:>10}")
+    # The first process makes the prefix for Wine.
+    target.run()
+    first = statistics.median(target.load(1)[0] for _ in range(STARTS))
+    again = statistics.median(target.load(arguments.times)[1:])
+    empty = statistics.median(target.start() for _ in range(STARTS))
+    print(f"  {'first load (us)':<24}{first:>10.0f}")
+    print(f"  {'load again (us)':<24}{again:>10.0f}")
+    print(f"  {'empty program (us)':<24}{empty:>10.0f}")
+
+
+def main():
+    arguments = parse_arguments()
+    for folder in arguments.folders:
+        report(folder, arguments)
+
+
+if __name__ == "__main__":
+    try:
+        main()
+    except subprocess.CalledProcessError as error:
+        sys.exit(f"startup/run.py: a program failed ({error.returncode})")
