@@ -11,7 +11,6 @@ smaller sizes; then only a folder of one's own is written.
 
 import argparse
 import csv
-import os
 import pathlib
 import statistics
 import subprocess
@@ -90,21 +89,18 @@ def measure(arguments, topic):
     print_growth(topic, curves_of(rows))
 
 
-def run_zelconv(command):
+def run_measured(program, command):
     """Processor seconds and the most memory in MB."""
-    process = subprocess.Popen(command, stdout=subprocess.DEVNULL)
-    _, status, usage = os.wait4(process.pid, 0)
-    process.returncode = os.waitstatus_to_exitcode(status)
-    if process.returncode != 0:
-        raise subprocess.CalledProcessError(process.returncode, command)
-    return usage.ru_utime + usage.ru_stime, usage.ru_maxrss / 1024
+    answer = subprocess.run([program, "run", *command], check=True, stdout=subprocess.DEVNULL,
+                            stderr=subprocess.PIPE, encoding="utf-8").stderr
+    return [float(figure) for figure in answer.splitlines()[-1].split(",")]
 
 
-def repeated(command):
+def repeated(program, command):
     """The medians of several runs, or one long one."""
-    runs = [run_zelconv(command)]
+    runs = [run_measured(program, command)]
     while len(runs) < REPETITIONS and runs[0][0] < REPEATED_SECONDS:
-        runs.append(run_zelconv(command))
+        runs.append(run_measured(program, command))
     return [statistics.median(column) for column in zip(*runs)]
 
 
@@ -117,8 +113,10 @@ def measure_zelconv(arguments):
         while size <= ZELCONV_MOST[arguments.quick]:
             subprocess.run([arguments.program, "rows", str(size), source], check=True)
             for name, words in targets.items():
-                used, memory = repeated([arguments.zelconv, "--columns", COLUMNS, "--numbers",
-                                         "plain", "--from", "csv", "--to", *words, source, "-"])
+                used, memory = repeated(
+                    arguments.program,
+                    [arguments.zelconv, "--columns", COLUMNS, "--numbers", "plain",
+                     "--from", "csv", "--to", *words, source, "-"])
                 seconds.append((name, size, f"{used:.4f}"))
                 megabytes.append((name, size, f"{memory:.1f}"))
             size *= 10

@@ -2,13 +2,15 @@
 ///
 ///     zel_scaling texts|edits|archives|decimals MOST
 ///     zel_scaling rows COUNT FILE
+///     zel_scaling run COMMAND...
 ///
 /// The first form prints lines "series,size,seconds", from the least size in steps of ten up to
 /// MOST; the seconds are those of the processor for the whole work once. The second writes rows
-/// for zelconv.
+/// for zelconv, the third tells the time and memory of a command.
 
 #include "benchmarks/inputs.h"
 #include "benchmarks/platform/decimals/figures.h"
+#include "benchmarks/scaling/measured.h"
 #include "benchmarks/scaling/rows.h"
 #include "numeric/DTDECIMA.h"
 #include "numeric/DTLONG.h"
@@ -26,9 +28,12 @@ namespace {
 /// The seconds of the work on `size` items, once.
 using Work = std::function<double(std::size_t size)>;
 
-/// Repetitions end after this time, and a series with the first size that takes so long.
-constexpr double kRepeatSeconds = 0.1;
-constexpr double kLongestSeconds = 5;
+/// Repetitions end after this time, preparations included, when there are three, else after the
+/// longer one.
+constexpr double kRepeatSeconds = 0.2;
+constexpr double kMostRepeatSeconds = 1;
+/// A series ends with the first size that takes so long.
+constexpr double kLongestSeconds = 3;
 
 double ProcessorSeconds()
 {
@@ -49,14 +54,14 @@ void Keep(const Result& result)
     __asm__ volatile("" : : "g"(&result) : "memory");
 }
 
-/// The median of the repetitions that the time allows, three at least unless one is long.
+/// The median of as many repetitions as the time allows.
 double Median(const Work& work, std::size_t size)
 {
     std::vector<double> seconds;
-    for (double total = 0; total < kRepeatSeconds || (seconds.size() < 3 && total < 1);) {
+    const double begin = ProcessorSeconds();
+    for (double passed = 0; passed < (seconds.size() < 3 ? kMostRepeatSeconds : kRepeatSeconds);
+         passed = ProcessorSeconds() - begin)
         seconds.push_back(work(size));
-        total += std::max(seconds.back(), kRepeatSeconds / 1000);
-    }
     std::sort(seconds.begin(), seconds.end());
     return seconds[seconds.size() / 2];
 }
@@ -85,6 +90,12 @@ std::size_t CopiesOf(std::size_t size)
 std::string Prose(std::size_t size)
 {
     return zelbench::GermanText(size, 1);
+}
+
+/// Pairs within pairs: every removal of one joins the next.
+std::string Nested(std::size_t size)
+{
+    return std::string(size / 2, '(') + std::string(size / 2, ')');
 }
 
 /// The prose between blanks, a fifth of the whole.
@@ -128,6 +139,7 @@ void PrintTexts(std::size_t most)
     constexpr std::size_t kLeast = 10;
     const ZelDtString blank(" ");
     const ZelDtString comma(", ");
+    const ZelDtString pair("()");
     // The beginning of the pattern is frequent, the whole is not there.
     const ZelDtString absent("and on delivery!");
     Print("code page", kLeast, most,
@@ -143,6 +155,8 @@ void PrintTexts(std::size_t most)
           }));
     Print("delete all", kLeast, most,
           OnCopies(Prose, [&](ZelDtString& text) { text.DeleteParts(blank, ZelDtString::kiAll); }));
+    Print("delete nested", kLeast, most,
+          OnCopies(Nested, [&](ZelDtString& text) { text.DeleteParts(pair, ZelDtString::kiAll); }));
 }
 
 // Editing in a loop
@@ -295,7 +309,8 @@ const Topic kTopics[] = {
 int Usage()
 {
     std::fputs("zel_scaling texts|edits|archives|decimals MOST\n"
-               "zel_scaling rows COUNT FILE\n",
+               "zel_scaling rows COUNT FILE\n"
+               "zel_scaling run COMMAND...\n",
                stderr);
     return EXIT_FAILURE;
 }
@@ -306,6 +321,8 @@ int main(int argc, char** argv)
 {
     if (argc < 3)
         return Usage();
+    if (std::strcmp(argv[1], "run") == 0)
+        return zelbench::RunMeasured(argv + 2);
     const std::size_t most = std::strtoul(argv[2], nullptr, 10);
     if (argc == 4 && std::strcmp(argv[1], "rows") == 0)
         return zelbench::WriteRows(most, argv[3]) ? EXIT_SUCCESS : EXIT_FAILURE;
