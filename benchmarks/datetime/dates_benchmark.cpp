@@ -338,6 +338,7 @@ void AddFromText()
         int ReadBack() const { return Ours::Number(value); }
     };
     const auto texts = Share(Texts(Days(kFewOperands, 68)));
+#ifdef ZELBENCH_HAVE_POSIX
     const auto strPTime = [](const std::string& text) {
         std::tm record{};
         if (const char* end = strptime(text.c_str(), "%d.%m.%Y", &record);
@@ -345,6 +346,7 @@ void AddFromText()
             std::abort();
         return Packed(record.tm_year + 1900, record.tm_mon + 1, record.tm_mday);
     };
+#endif
     const auto sscanf = [](const std::string& text) {
         int day = 0;
         int month = 0;
@@ -362,14 +364,16 @@ void AddFromText()
                  return Packed(static_cast<int>(read.Year()), static_cast<int>(read.Month()),
                                read.fields.day);
              })
-        .Add("strptime", texts, strPTime)
         .Add("sscanf", texts, sscanf);
     Job object("text-to-date");
     object
         .Add("ours", texts,
              [](const std::string& text) { return Object{ZelDtDateZp(text.c_str())}; })
-        .Add("strptime", texts, strPTime)
         .Add("sscanf", texts, sscanf);
+#ifdef ZELBENCH_HAVE_POSIX
+    fields.Add("strptime", texts, strPTime);
+    object.Add("strptime", texts, strPTime);
+#endif
 #ifdef ZELBENCH_HAVE_HINNANT
     object.Add("hinnant", texts, [](const std::string& text) {
         std::istringstream stream(text);

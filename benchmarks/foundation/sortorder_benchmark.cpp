@@ -87,6 +87,7 @@ int CompareBytes(const Name& a, const Name& b)
     return (a.ansi.size() > b.ansi.size()) - (a.ansi.size() < b.ansi.size());
 }
 
+#ifdef ZELBENCH_HAVE_POSIX
 /// A locale that lives as long as the program.
 struct Collation {
     const char* contender;
@@ -108,6 +109,7 @@ int CompareByLocale(const Name& a, const Name& b)
     static const locale_t locale = GetCollation().locale;
     return Sign(strcoll_l(a.utf8.c_str(), b.utf8.c_str(), locale));
 }
+#endif
 
 #ifdef ZELBENCH_HAVE_ICU
 int CompareByIcu(const Name& a, const Name& b)
@@ -134,9 +136,11 @@ void ForEachOrder(Add add)
         "naive", [](const Name& a, const Name& b) { return CompareNaive(a, b); }, true);
     add(
         "memcmp", [](const Name& a, const Name& b) { return CompareBytes(a, b); }, false);
+#ifdef ZELBENCH_HAVE_POSIX
     add(
         GetCollation().contender,
         [](const Name& a, const Name& b) { return CompareByLocale(a, b); }, false);
+#endif
 #ifdef ZELBENCH_HAVE_ICU
     add(
         "icu", [](const Name& a, const Name& b) { return CompareByIcu(a, b); }, false);

@@ -255,6 +255,7 @@ char* FmtNumbers(const std::tm& record, char* out)
 }
 #endif
 
+#ifdef ZELBENCH_HAVE_POSIX
 template <Parts parts>
 std::int64_t StrPTime(const std::string& text)
 {
@@ -265,6 +266,7 @@ std::int64_t StrPTime(const std::string& text)
         std::abort();
     return Packed(record);
 }
+#endif
 
 template <Parts parts>
 std::int64_t SScanF(const std::string& text)
@@ -353,7 +355,9 @@ void AddRead()
         return Packed(record);
     });
     read.template Values<Value>(nullptr, [](const Value& value) { return FieldsOf(value); });
+#ifdef ZELBENCH_HAVE_POSIX
     read.Peer("strptime", StrPTime<parts>);
+#endif
     read.Peer("sscanf", SScanF<parts>);
     read.Peer("from_chars", FromChars<parts>);
 #ifdef ZELBENCH_HAVE_ICU
@@ -415,6 +419,7 @@ void AddTimesRead()
     read.Values<ZelDtTime>(nullptr, [](const ZelDtTime& value) {
         return (value.GetHour() * 60 + value.GetMin()) * kUnitsPerMinute;
     });
+#ifdef ZELBENCH_HAVE_POSIX
     read.Peer("strptime", [](const std::string& text) {
         std::tm record{};
         const char* const end = strptime(text.c_str(), "%H:%M", &record);
@@ -422,6 +427,7 @@ void AddTimesRead()
             std::abort();
         return (record.tm_hour * 60 + record.tm_min) * kUnitsPerMinute;
     });
+#endif
     read.Peer("sscanf", [](const std::string& text) {
         int hours = 0;
         int minutes = 0;
