@@ -59,8 +59,11 @@ double Median(const Work& work, std::size_t size)
 {
     std::vector<double> seconds;
     const double begin = ProcessorSeconds();
-    for (double passed = 0; passed < (seconds.size() < 3 ? kMostRepeatSeconds : kRepeatSeconds);
-         passed = ProcessorSeconds() - begin)
+    const auto isTimeLeft = [&] {
+        const double limit = seconds.size() < 3 ? kMostRepeatSeconds : kRepeatSeconds;
+        return ProcessorSeconds() - begin < limit;
+    };
+    while (isTimeLeft())
         seconds.push_back(work(size));
     std::sort(seconds.begin(), seconds.end());
     return seconds[seconds.size() / 2];
