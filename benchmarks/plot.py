@@ -6,7 +6,8 @@ import math
 WIDTH, HEIGHT = 760, 460
 LEFT, RIGHT, TOP, BOTTOM = 80, 200, 46, 56
 # Told apart by those who do not see all colours, too.
-COLOURS = ("#0072b2", "#d55e00", "#009e73", "#cc79a7", "#56b4e9", "#e69f00", "#000000")
+COLOURS = ("#0072b2", "#d55e00", "#009e73", "#cc79a7", "#56b4e9", "#e69f00", "#000000", "#882255",
+           "#999933", "#8c564b")
 GRID = "#dddddd"
 IDEAL = "#888888"
 TIMES = ((1, "s"), (1e-3, "ms"), (1e-6, "µs"), (1e-9, "ns"))
@@ -45,6 +46,8 @@ class Plot:
         self.slope = slope  # of the ideal curve
 
     def draw(self, curves):
+        if len(curves) > len(COLOURS):
+            raise ValueError(f"{self.title}: {len(curves)} curves, {len(COLOURS)} colours")
         points = [point for curve in curves.values() for point in curve]
         self.x_range = decades([x for x, _ in points])
         self.y_range = decades([y for _, y in points])
