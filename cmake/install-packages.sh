@@ -23,7 +23,7 @@ declare -A packages_of=(
   [fuzz]="clang libclang-rt-14-dev"
   [bench]="libbenchmark-dev libicu-dev libfmt-dev libcereal-dev libboost-serialization-dev libboost-dev
     libdfp-dev libhowardhinnant-date-dev librust-rust-decimal-dev cargo python3
-    libsoci-dev"
+    libsoci-dev valgrind"
 )
 
 fail() {
