@@ -10,7 +10,6 @@ The libraries of a Windows folder are loaded under Wine.
 """
 
 import argparse
-import os
 import pathlib
 import shutil
 import statistics
@@ -40,32 +39,29 @@ class Target:
     """The libraries of one build folder, and how programs for its system are run."""
 
     def __init__(self, folder, program):
-        self.bin = folder / "bin"
+        self.bin = folder.resolve() / "bin"
         self.is_windows = (self.bin / f"{LIBRARY}.dll").exists()
         suffix = ".dll" if self.is_windows else ".so"
         self.prefix = "" if self.is_windows else "lib"
         self.tools = "x86_64-w64-mingw32-" if self.is_windows else ""
         self.libraries = sorted(self.bin.glob(f"{self.prefix}ZELQRN*{suffix}"))
         self.library = self.bin / f"{self.prefix}{LIBRARY}{suffix}"
-        self.program = program or self.bin / ("zel_startup.exe" if self.is_windows
-                                              else "zel_startup")
+        own = self.bin / ("zel_startup.exe" if self.is_windows else "zel_startup")
+        self.program = program.resolve() if program else own
         for needed in (self.library, self.program):
             if not needed.exists():
                 sys.exit(f"startup/run.py: {needed} is missing")
 
     def run(self, *words):
-        command = [str(self.program), *words]
-        environment = dict(os.environ)
-        if self.is_windows:
-            command.insert(0, str(ROOT / "cmake/run-under-wine.sh"))
-        return subprocess.run(command, check=True, stdout=subprocess.PIPE, encoding="ascii",
-                              cwd=self.bin, env=environment).stdout
+        emulator = [ROOT / "cmake/run-under-wine.sh"] if self.is_windows else []
+        return subprocess.run([*emulator, self.program, *words], check=True,
+                              stdout=subprocess.PIPE, encoding="ascii", cwd=self.bin).stdout
 
     def load(self, times):
         """The microseconds of each load."""
-        return [float(line) for line in self.run(self.library.name if self.is_windows
-                                                 else str(self.library.resolve()),
-                                                 str(times)).split()]
+        # Beside the program Windows finds it by its name.
+        library = self.library.name if self.is_windows else self.library
+        return [float(line) for line in self.run(library, str(times)).split()]
 
     def start(self):
         begin = time.monotonic()
