@@ -110,12 +110,11 @@ class Notes:
                  for paragraph in text.split("\n\n"))
         self.reasons = [match.groups() for match in found if match]
 
-    def reason(self, row):
-        for job, peer, reason in self.reasons:
-            if fnmatch.fnmatchcase(row.job, job) and fnmatch.fnmatchcase(row.peer, peer):
+    def reason(self, job, peer):
+        for jobs, peers, reason in self.reasons:
+            if fnmatch.fnmatchcase(job, jobs) and fnmatch.fnmatchcase(peer, peers):
                 return " ".join(reason.split())
-        print(f"report.py: notes.md has no reason for {row.job} against {row.peer}",
-              file=sys.stderr)
+        print(f"report.py: notes.md has no reason for {job} against {peer}", file=sys.stderr)
         return "not known"
 
 
@@ -143,7 +142,7 @@ def missed(rows, notes):
     reasons = {}
     for row in rows:
         if row.verdict == "no":
-            reasons.setdefault((row.job, notes.reason(row)), []).append(row.peer)
+            reasons.setdefault((row.job, notes.reason(row.job, row.peer)), []).append(row.peer)
     return [*(f"- `{job}`, {', '.join(peers)}: {reason}"
               for (job, reason), peers in reasons.items()), ""]
 
@@ -192,12 +191,19 @@ def columns_table(text, numbers):
     return table(cells[0], [row + [""] * (width - len(row)) for row in cells[1:]], numbers)
 
 
+def missed_imports(text, notes):
+    """The same for what recordsets.py printed; a job is database/job here."""
+    cells = [line.split() for line in text.splitlines()]
+    return [*(f"- `{row[0]}/{row[1]}`, {row[2]}: {notes.reason(f'{row[0]}/{row[1]}', row[2])}"
+              for row in cells if row and row[-1] == "no"), ""]
+
+
 # The page
 
 def summary(rows):
     judged = [row for row in rows if row.bar is not None]
     reached = sum(row.verdict == "yes" for row in judged)
-    return f"{reached} of {len(judged)} bars are reached."
+    return f"{reached} of {len(judged)} bars of the jobs below are reached."
 
 
 def page(results, notes):
@@ -210,7 +216,7 @@ def page(results, notes):
     if program.exists():
         rows = run.compare(json.loads(program.read_text()))
         lines += ["## Bars", "", summary(rows), "", *bars_section(rows, notes)]
-    lines += scripts_section(results)
+    lines += scripts_section(results, notes)
     lines += growth_section()
     if program.exists():
         lines += ["## For information", "",
@@ -227,7 +233,7 @@ def page(results, notes):
     return "\n".join(lines).rstrip() + "\n"
 
 
-def scripts_section(results):
+def scripts_section(results, notes):
     """What other scripts measured."""
     lines = []
     for name, heading, numbers, explanation in (
@@ -239,7 +245,8 @@ def scripts_section(results):
         path = results / name
         if path.exists():
             lines += [f"### {heading}", "", explanation, "",
-                      *columns_table(path.read_text(encoding="utf-8"), numbers)]
+                      *columns_table(path.read_text(encoding="utf-8"), numbers),
+                      *missed_imports(path.read_text(encoding="utf-8"), notes)]
     counts = results / "instructions.csv"
     if counts.exists():
         with open(counts, encoding="ascii", newline="") as source:

@@ -106,10 +106,9 @@ class Page(unittest.TestCase):
     def test_reasons_are_found_by_job_and_peer(self):
         notes = report.Notes("# Title\n\nWords.\n\n`quote/14` naive: one\nreason\n\n"
                              "`display/*` fmt: another\n\n`display/*` *: `a` third\n`one`\n")
-        self.assertEqual(notes.reason(self.MISSED), "another")
-        self.assertEqual(notes.reason(self.MISSED._replace(peer="icu")), "`a` third `one`")
-        self.assertEqual(notes.reason(self.MISSED._replace(job="quote/14", peer="naive")),
-                         "one reason")
+        self.assertEqual(notes.reason("display/show-long", "fmt"), "another")
+        self.assertEqual(notes.reason("display/show-long", "icu"), "`a` third `one`")
+        self.assertEqual(notes.reason("quote/14", "naive"), "one reason")
         self.assertEqual(notes.reasons[-1], ("display/*", "*", "`a` third\n`one`"))
 
     def test_tells_of_missed_bars_only_why(self):
@@ -118,6 +117,15 @@ class Page(unittest.TestCase):
         another = self.MISSED._replace(peer="snprintf")
         self.assertEqual(report.missed([self.MISSED, reached, another], notes),
                          ["- `display/show-long`, fmt, snprintf: because", ""])
+
+    def test_tells_of_slow_imports_why(self):
+        notes = report.Notes("`sqlite/import` sqlite3: because\n")
+        printed = ("database  job  contender  ratio  bar  reached\n"
+                   "sqlite  import  ours\nsqlite  import  sqlite3  3.88  2.00  no\n"
+                   "mariadb  import  mariadb  1.93  2.00  yes\n")
+        self.assertEqual(report.missed_imports(printed, notes),
+                         ["- `sqlite/import`, sqlite3: because", ""])
+        self.assertEqual(report.missed_imports("", notes), [""])
 
     def test_rows_with_bars(self):
         self.assertEqual(report.with_bars([self.MISSED]), [
@@ -131,7 +139,7 @@ class Page(unittest.TestCase):
 
     def test_counts_the_bars_that_are_reached(self):
         rows = [self.MISSED, self.MISSED._replace(time=4.0), self.MISSED._replace(bar=None)]
-        self.assertEqual(report.summary(rows), "1 of 2 bars are reached.")
+        self.assertEqual(report.summary(rows), "1 of 2 bars of the jobs below are reached.")
 
     def test_columns_become_cells(self):
         text = "\nrows  contender  ratio\n  10  ours\n  10  a peer      1.50\n"
