@@ -48,7 +48,7 @@ protected:
         std::remove(m_report.c_str());
     }
 
-    /// Runs with a report and returns it; empty where none is written.
+    /// Runs with a report and returns it.
     std::string Run(std::vector<std::string> words)
     {
         words.push_back("--benchmark_min_time=0.0001");
@@ -58,6 +58,7 @@ protected:
         benchmark::RunSpecifiedBenchmarks();
         m_table = testing::internal::GetCapturedStdout();
         std::ifstream file(m_report);
+        EXPECT_TRUE(file.is_open());
         std::ostringstream text;
         text << file.rdbuf();
         return text.str();
@@ -169,11 +170,20 @@ TEST_F(PortableBenchmark, RunsOnlyWhatTheFilterFinds)
     EXPECT_EQ(CountOf("left/out", report), 0U);
 }
 
-TEST_F(PortableBenchmark, WritesNoReportWhenTheFilterFindsNothing)
+TEST_F(PortableBenchmark, WritesAnEmptyReportWhenTheFilterFindsNothing)
 {
     benchmark::RegisterBenchmark("job/ours", Spin);
     EXPECT_EQ(Run({"--benchmark_filter=absent"}), "");
     EXPECT_EQ(Table(), "");
+}
+
+TEST_F(PortableBenchmark, EndsTheProgramWhereTheReportCannotBeWritten)
+{
+    const auto run = [] {
+        Arguments arguments({"--benchmark_out=absent folder/report.json"});
+        benchmark::RunSpecifiedBenchmarks();
+    };
+    EXPECT_EXIT(run(), testing::ExitedWithCode(1), "absent folder/report.json cannot be written");
 }
 
 /// With the first repetition come the runs that find out how many iterations are needed; all

@@ -126,13 +126,26 @@ double Median(std::vector<double> figures)
     return figures.size() % 2 != 0 ? figures[middle] : (figures[middle - 1] + figures[middle]) / 2;
 }
 
-void WriteReport(const std::vector<std::size_t>& indices)
+[[noreturn]] void FailToWrite()
 {
+    std::fprintf(stderr, "%s cannot be written\n", theOptions.report.c_str());
+    std::exit(EXIT_FAILURE);
+}
+
+/// Null where no report is wanted. A file is there, and known to be writable, before anything is
+/// measured.
+std::FILE* OpenReport()
+{
+    if (theOptions.report.empty())
+        return nullptr;
     std::FILE* const report = std::fopen(theOptions.report.c_str(), "w");
-    if (report == nullptr) {
-        std::fprintf(stderr, "%s cannot be written\n", theOptions.report.c_str());
-        std::exit(EXIT_FAILURE);
-    }
+    if (report == nullptr)
+        FailToWrite();
+    return report;
+}
+
+void WriteReport(std::FILE* report, const std::vector<std::size_t>& indices)
+{
     std::fputs("{\"benchmarks\": [", report);
     const char* separator = "\n";
     for (const std::size_t index : indices) {
@@ -146,10 +159,6 @@ void WriteReport(const std::vector<std::size_t>& indices)
         separator = ",\n";
     }
     std::fputs("\n]}\n", report);
-    if (std::fclose(report) != 0) {
-        std::fprintf(stderr, "%s cannot be written\n", theOptions.report.c_str());
-        std::exit(EXIT_FAILURE);
-    }
 }
 
 void PrintTable(const std::vector<std::size_t>& indices)
@@ -190,13 +199,19 @@ bool ReportUnrecognizedArguments(int argc, char** argv)
 
 void RunSpecifiedBenchmarks()
 {
+    std::FILE* const report = OpenReport();
     const std::vector<std::size_t> indices = Matching();
     for (const std::size_t index : Schedule(indices))
         Repeat(theBenchmarks[index]);
     PrintTable(indices);
+    if (report == nullptr)
+        return;
     // As with Google Benchmark the report is empty when nothing matches.
-    if (!theOptions.report.empty() && !indices.empty())
-        WriteReport(indices);
+    if (!indices.empty())
+        WriteReport(report, indices);
+    const bool isWhole = std::ferror(report) == 0;
+    if (std::fclose(report) != 0 || !isWhole)
+        FailToWrite();
 }
 
 void Shutdown()
