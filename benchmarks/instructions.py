@@ -83,7 +83,8 @@ def print_line(cells):
 def main():
     arguments = parse_arguments()
     if shutil.which("valgrind") is None:
-        sys.exit("instructions.py: valgrind is missing; cmake/install-packages.sh bench installs it")
+        sys.exit("instructions.py: valgrind is missing; "
+                 "cmake/install-packages.sh bench installs it")
     program = arguments.build / PROGRAM
     before = arguments.before / PROGRAM if arguments.before else None
     for needed in filter(None, (program, before)):
