@@ -52,6 +52,27 @@ TEST(ToSql, QuotesAndDoubles)
     EXPECT_EQ(BytesOf(ZelDtString(ZelDtWmAlwaysDefined).ConvToSQL(0)), "\"\"");
 }
 
+TEST(ToSql, QuotesTextsOfEveryLength)
+{
+    for (std::size_t length = 0; length < 70; ++length) {
+        // No quote, one at each place, and two side by side or far from each other.
+        for (std::size_t first = 0; first <= length; ++first) {
+            for (const std::size_t second : {first, first + 1, first + 15, first + 20}) {
+                std::string text(length, 'x');
+                for (const std::size_t at : {first, second}) {
+                    if (at < length)
+                        text[at] = '"';
+                }
+                std::string quoted = "\"";
+                for (const char c : text)
+                    quoted.append(c == '"' ? 2 : 1, c);
+                quoted += '"';
+                ASSERT_EQ(BytesOf(Make(text)->ConvToSQL()), quoted) << text;
+            }
+        }
+    }
+}
+
 TEST(ToSql, OfAnUndefinedValueIsNullWithoutQuotes)
 {
     for (const ZelDtWorkingMode mode : {ZelDtWmMissing, ZelDtWmNull}) {

@@ -4,6 +4,9 @@
 /// SQL literals: texts in double quotes with the inner double quotes doubled. Private to the
 /// library.
 
+#include "platform/runtime/shorttext.h"
+
+#include <bit>
 #include <cstddef>
 #include <cstring>
 #include <string_view>
@@ -12,19 +15,18 @@ namespace zeldt {
 
 inline constexpr char kQuote = '"';
 
-/// Where the next quote stands, or the end. Short texts are looked through byte by byte, which is
-/// faster than the call.
+/// Where the next quote stands, or the end. Short texts are looked through at once, which is faster
+/// than the call.
 inline const char* FindQuote(const char* first, const char* last) noexcept
 {
-    constexpr std::ptrdiff_t kShort = 16;
-    if (last - first > kShort) {
-        const void* const found =
-            std::memchr(first, kQuote, static_cast<std::size_t>(last - first));
+    const auto size = static_cast<std::size_t>(last - first);
+    if (size > zelrt::kShortText) {
+        const void* const found = std::memchr(first, kQuote, size);
         return found != nullptr ? static_cast<const char*>(found) : last;
     }
-    while (first != last && *first != kQuote)
-        ++first;
-    return first;
+    const __m128i quotes = _mm_cmpeq_epi8(zelrt::LoadUpTo16(first, size), _mm_set1_epi8(kQuote));
+    const auto marks = static_cast<unsigned>(_mm_movemask_epi8(quotes));
+    return marks == 0 ? last : first + std::countr_zero(marks);
 }
 
 /// Bytes of the literal of `text`.
@@ -46,8 +48,12 @@ inline void WriteQuoted(std::string_view text, char* out) noexcept
     while (p != last) {
         const char* const quote = FindQuote(p, last);
         const char* const end = quote != last ? quote + 1 : last;
-        std::memcpy(out, p, static_cast<std::size_t>(end - p));
-        out += end - p;
+        const auto size = static_cast<std::size_t>(end - p);
+        if (size <= zelrt::kShortText)
+            zelrt::CopyUpTo16(p, size, out);
+        else
+            std::memcpy(out, p, size);
+        out += size;
         if (quote != last)
             *out++ = kQuote;
         p = end;
