@@ -3,10 +3,11 @@
 
 /// The house sort order on texts of given lengths. Private to the library.
 
+#include "platform/runtime/shorttext.h"
+
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 
 namespace zeldt {
 
@@ -58,36 +59,49 @@ constexpr bool LettersWeighTheSameInBothCases()
 }
 static_assert(LettersWeighTheSameInBothCases());
 
+/// The order of the first of eight bytes that weigh differently; 0 without one. `difference` marks
+/// the bytes that are not the same.
+inline int OrderOfWeights(const char* a, const char* b, std::uint64_t difference) noexcept
+{
+    while (difference != 0) {
+        const auto byte = static_cast<std::size_t>(std::countr_zero(difference)) / 8;
+        const int order = WeightOf(a[byte]) - WeightOf(b[byte]);
+        if (order != 0)
+            return order < 0 ? -1 : 1;
+        difference &= ~(std::uint64_t{0xFF} << (byte * 8));
+    }
+    return 0;
+}
+
 /// Compares by the weights of the first bytes that weigh differently, else by the lengths:
 /// -1, 0 or 1. Eight bytes at a time are passed over while they are the same.
 inline int CompareInHouseOrder(const char* a, std::size_t lengthA, const char* b,
                                std::size_t lengthB) noexcept
 {
-    static_assert(std::endian::native == std::endian::little);
+    using zelrt::LoadWord;
+    constexpr std::size_t kWord = sizeof(std::uint64_t);
     const std::size_t common = lengthA < lengthB ? lengthA : lengthB;
 
-    std::size_t i = 0;
-    for (; common - i >= sizeof(std::uint64_t); i += sizeof(std::uint64_t)) {
-        std::uint64_t wordA;
-        std::uint64_t wordB;
-        std::memcpy(&wordA, a + i, sizeof wordA);
-        std::memcpy(&wordB, b + i, sizeof wordB);
-        std::uint64_t difference = wordA ^ wordB;
-        while (difference != 0) {
-            const auto byte = static_cast<std::size_t>(std::countr_zero(difference)) / 8;
-            const std::uint8_t weightA = WeightOf(a[i + byte]);
-            const std::uint8_t weightB = WeightOf(b[i + byte]);
-            if (weightA != weightB)
-                return weightA < weightB ? -1 : 1;
-            difference &= ~(std::uint64_t{0xFF} << (byte * 8));
-        }
+    // Most texts differ in the first byte.
+    if (common != 0 && WeightOf(*a) != WeightOf(*b))
+        return WeightOf(*a) < WeightOf(*b) ? -1 : 1;
+    int order = 0;
+    if (common < kWord) {
+        order = OrderOfWeights(a, b, zelrt::LoadUpTo8(a, common) ^ zelrt::LoadUpTo8(b, common));
+    } else {
+        const auto orderAt = [=](std::size_t i) {
+            return OrderOfWeights(a + i, b + i,
+                                  LoadWord<std::uint64_t>(a + i) ^ LoadWord<std::uint64_t>(b + i));
+        };
+        // The last word may begin with bytes that were compared before.
+        const std::size_t last = common - kWord;
+        for (std::size_t i = 0; i < last && order == 0; i += kWord)
+            order = orderAt(i);
+        if (order == 0)
+            order = orderAt(last);
     }
-    for (; i < common; ++i) {
-        if (WeightOf(a[i]) != WeightOf(b[i]))
-            return WeightOf(a[i]) < WeightOf(b[i]) ? -1 : 1;
-    }
-    if (lengthA == lengthB)
-        return 0;
+    if (order != 0 || lengthA == lengthB)
+        return order;
     return lengthA < lengthB ? -1 : 1;
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <random>
 #include <string>
 
@@ -61,6 +62,21 @@ TEST(HouseOrder, FirstDifferenceDecidesWhereverItLies)
             b[at] = 'n';
             EXPECT_EQ(Order(a, b), -1);
             EXPECT_EQ(Order(b, a), 1);
+        }
+    }
+}
+
+TEST(HouseOrder, ReadsNothingOutsideOfTheTexts)
+{
+    // Blocks of exactly the texts' sizes.
+    for (std::size_t lengthA = 0; lengthA < 20; ++lengthA) {
+        const std::unique_ptr<char[]> a(new char[lengthA]);
+        std::string(lengthA, 'm').copy(a.get(), lengthA);
+        for (std::size_t lengthB = 0; lengthB < 20; ++lengthB) {
+            const std::unique_ptr<char[]> b(new char[lengthB]);
+            std::string(lengthB, 'M').copy(b.get(), lengthB);
+            const int expected = lengthA < lengthB ? -1 : lengthA > lengthB;
+            EXPECT_EQ(zeldt::CompareInHouseOrder(a.get(), lengthA, b.get(), lengthB), expected);
         }
     }
 }
