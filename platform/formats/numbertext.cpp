@@ -379,9 +379,7 @@ Status ShowInteger(std::int32_t value, const NumberRules& rules, TextBuffer& tex
 {
     if (!rules.plain)
         return Lay(IntegerDigits(value).View(), rules, text);
-    char* const room = text.Make(1 + zelrt::kMostDigits32);
-    *room = '-';
-    text.EndAt(zelrt::WriteDigits(MagnitudeOf(value), room + (value < 0 ? 1 : 0)));
+    text.EndAt(zelrt::WriteDigits(value, text.Make(zelrt::kMostSignedDigits32)));
     return FitsPlaces(text.View().size(), rules) ? Status::Ok : Status::NotAllowed;
 }
 

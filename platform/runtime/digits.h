@@ -35,15 +35,27 @@ constexpr std::array<char, 200> MakeDigitPairs()
     return pairs;
 }
 
-constexpr std::array<std::uint32_t, 10> MakePowersOfTen()
+/// By the highest bit of a number: what must be added to the number so that its digits stand in the
+/// upper half. Where a power of ten lies among the numbers with that bit, those from it on carry.
+constexpr std::array<std::uint64_t, 32> MakeDigitCounts()
 {
-    std::array<std::uint32_t, 10> powers{1};
-    for (std::size_t i = 1; i < powers.size(); ++i)
-        powers[i] = powers[i - 1] * 10;
-    return powers;
+    std::array<std::uint64_t, 32> counts{};
+    std::uint64_t digits = 1;
+    std::uint64_t power = 10; // the lowest number with more digits
+    std::uint64_t lowest = 1; // the one with that bit alone
+    for (std::uint64_t& count : counts) {
+        count = digits << 32;
+        if (power < 2 * lowest) {
+            ++digits;
+            count = (digits << 32) - power;
+            power *= 10;
+        }
+        lowest *= 2;
+    }
+    return counts;
 }
 
-inline constexpr std::array<std::uint32_t, 10> kPowersOfTen = MakePowersOfTen();
+inline constexpr std::array<std::uint64_t, 32> kDigitCounts = MakeDigitCounts();
 
 } // namespace detail
 
@@ -60,11 +72,8 @@ inline char* WriteTwoDigits(std::size_t number, char* out) noexcept
 /// Digits of the number; one for 0.
 constexpr std::uint32_t CountDigits(std::uint32_t number) noexcept
 {
-    // Binary digits times the logarithm of 2; one too few from a power of ten on.
-    const std::uint32_t counted = number | 1;
-    const auto bits = static_cast<std::uint32_t>(std::bit_width(counted));
-    const std::uint32_t count = bits * 1233 >> 12;
-    return count + (counted >= detail::kPowersOfTen[count] ? 1 : 0);
+    const auto highestBit = static_cast<std::size_t>(std::bit_width(number | 1)) - 1;
+    return static_cast<std::uint32_t>((detail::kDigitCounts[highestBit] + number) >> 32);
 }
 
 static_assert(CountDigits(0) == 1 && CountDigits(9) == 1 && CountDigits(10) == 2);
@@ -86,6 +95,17 @@ inline char* WriteDigits(std::uint32_t number, char* out) noexcept
     else
         *out = static_cast<char>('0' + number);
     return end;
+}
+
+/// A sign and the most digits.
+inline constexpr std::size_t kMostSignedDigits32 = kMostDigits32 + 1;
+
+/// Writes a minus sign in front of negative numbers; `out` has room for kMostSignedDigits32 bytes.
+inline char* WriteDigits(std::int32_t number, char* out) noexcept
+{
+    const auto bits = static_cast<std::uint32_t>(number);
+    *out = '-';
+    return WriteDigits(number < 0 ? 0 - bits : bits, out + (number < 0 ? 1 : 0));
 }
 
 } // namespace zelrt

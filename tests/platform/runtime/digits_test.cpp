@@ -13,6 +13,12 @@ std::string Written(std::uint32_t number)
     return std::string(digits, zelrt::WriteDigits(number, digits));
 }
 
+std::string Written(std::int32_t number)
+{
+    char digits[zelrt::kMostSignedDigits32];
+    return std::string(digits, zelrt::WriteDigits(number, digits));
+}
+
 } // namespace
 
 TEST(Digits, OfEveryLength)
@@ -35,6 +41,20 @@ TEST(Digits, AreThoseOfTheNumber)
     // Steps of a prime pass through all digits at all places.
     for (std::uint64_t number = 0; number <= UINT32_MAX; number += 104'729)
         ASSERT_EQ(Written(static_cast<std::uint32_t>(number)), std::to_string(number));
+}
+
+TEST(Digits, BehindASign)
+{
+    for (const std::int32_t number :
+         {INT32_MIN, INT32_MIN + 1, -1'000'000'000, -999'999'999, -100'000'000, -99'999'999, -10,
+          -9, -1, 0, 1, 9, 10, 99'999'999, 100'000'000, INT32_MAX})
+        EXPECT_EQ(Written(number), std::to_string(number));
+}
+
+TEST(Digits, OfAllSmallNumbers)
+{
+    for (std::uint32_t number = 0; number <= 100'000; ++number)
+        ASSERT_EQ(Written(number), std::to_string(number));
 }
 
 TEST(Digits, Pairs)
