@@ -9,6 +9,7 @@
 #include "benchmarks/peers/values.h"
 #include "numeric/DTLONG.h"
 #include "numeric/DTSHORT.h"
+#include "platform/runtime/digits.h"
 #include "platform/runtime/int32text.h"
 #include "text/DTSTRING.h"
 
@@ -18,7 +19,7 @@
 #include <string_view>
 
 #ifdef ZELBENCH_HAVE_FMT
-#include <fmt/format.h>
+#include <fmt/compile.h>
 #endif
 
 namespace zelbench {
@@ -124,7 +125,35 @@ std::string_view ToChars(std::int32_t number, char (&buffer)[16])
     return {buffer, static_cast<std::size_t>(end - buffer)};
 }
 
-/// A new text object for each number. Inside, the value writes its digits with std::to_chars too.
+/// Into memory that is there.
+void AddDigits()
+{
+    const auto numbers = Share(Numbers(kFewOperands, 10, 14));
+    struct Memory {
+        char buffer[16];
+    };
+    const auto memory = std::make_shared<Memory>();
+    Job job("integer-digits");
+    job.Add("ours", numbers,
+            [memory](std::int32_t number) {
+                const char* const end = zelrt::WriteDigits(number, memory->buffer);
+                return std::string_view(memory->buffer, end);
+            })
+        .Add("to_chars", numbers,
+             [memory](std::int32_t number) { return ToChars(number, memory->buffer); })
+        .Add("snprintf", numbers, [memory](std::int32_t number) {
+            const int length = std::snprintf(memory->buffer, sizeof memory->buffer, "%d", number);
+            return std::string_view(memory->buffer, static_cast<std::size_t>(length));
+        });
+#ifdef ZELBENCH_HAVE_FMT
+    job.Add("fmt", numbers, [memory](std::int32_t number) {
+        const char* const end = fmt::format_to(memory->buffer, FMT_COMPILE("{}"), number);
+        return std::string_view(memory->buffer, end);
+    });
+#endif
+}
+
+/// A new text object for each number.
 void AddToText()
 {
     const auto numbers = Share(Numbers(kFewOperands, 10, 14));
@@ -214,6 +243,7 @@ void AddLongJobs()
     shorts.Add<ZelDtShort>("ours");
     shorts.Add<Checked<std::int16_t>>("short");
 
+    AddDigits();
     AddToText();
     AddFromText("text-to-integer", kFewOperands);
     AddFromText("text-to-integer-many", kManyOperands);
