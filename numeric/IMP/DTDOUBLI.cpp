@@ -4,6 +4,7 @@
 #include "platform/runtime/digits.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -98,7 +99,52 @@ std::string_view Unsigned(std::string_view text, bool& negative)
 
 std::string_view WithoutSpace(std::string_view text)
 {
-    return {std::find_if_not(text.begin(), text.end(), IsSpace), text.end()};
+    while (!text.empty() && IsSpace(text.front()))
+        text.remove_prefix(1);
+    return text;
+}
+
+constexpr std::array<double, 23> MakeExactPowers()
+{
+    std::array<double, 23> powers{1};
+    for (std::size_t i = 1; i < powers.size(); ++i)
+        powers[i] = powers[i - 1] * 10;
+    return powers;
+}
+
+/// The powers of ten that a double holds exactly.
+constexpr std::array<double, 23> kExactPowers = MakeExactPowers();
+static_assert(kExactPowers.back() == 1E22);
+
+/// Reads a number of few digits, with or without a point, that is the quotient of a whole number
+/// and a power of ten that a double holds both: dividing rounds once, so that it gives the nearest
+/// double. False for any other text.
+bool ReadShort(std::string_view number, double& magnitude, const char*& end)
+{
+    constexpr std::uint64_t exactLimit = std::uint64_t{1} << 53;
+    constexpr std::ptrdiff_t mostDigits = 19; // which 64 bits hold
+    const char* p = number.data();
+    const char* const last = p + number.size();
+    std::uint64_t whole = 0;
+    const auto readDigits = [&p, &whole, last] {
+        const char* const first = p;
+        for (; p != last && IsDigit(*p); ++p)
+            whole = whole * 10 + static_cast<unsigned>(*p - '0');
+        return p - first;
+    };
+    const std::ptrdiff_t integers = readDigits();
+    std::ptrdiff_t decimals = 0;
+    if (p != last && *p == '.') {
+        ++p;
+        decimals = readDigits();
+    }
+    const std::ptrdiff_t digits = integers + decimals;
+    const bool hasExponent = p != last && (*p == 'e' || *p == 'E');
+    if (digits == 0 || digits > mostDigits || whole > exactLimit || hasExponent)
+        return false;
+    magnitude = static_cast<double>(whole) / kExactPowers[static_cast<std::size_t>(decimals)];
+    end = p;
+    return true;
 }
 
 } // namespace
@@ -107,20 +153,26 @@ zeldt::DoubleText zeldt::ReadDouble(std::string_view text) noexcept
 {
     bool negative = false;
     const std::string_view number = Unsigned(WithoutSpace(text), negative);
+    DoubleText read{0.0, text.data(), DoubleStatus::Ok};
+    if (ReadShort(number, read.value, read.end)) {
+        read.value = negative ? -read.value : read.value;
+        return read;
+    }
     const std::string_view digits = number.substr(number.starts_with('.') ? 1 : 0);
     if (digits.empty() || !IsDigit(digits.front()))
-        return {0.0, text.data(), DoubleStatus::Ok};
+        return read;
 
-    double magnitude = 0.0;
     const char* const last = number.data() + number.size();
-    const auto [end, error] = std::from_chars(number.data(), last, magnitude);
-    DoubleStatus status = DoubleStatus::Ok;
+    const auto [end, error] = std::from_chars(number.data(), last, read.value);
+    read.end = end;
     if (error != std::errc{}) {
         const bool large = Round({number.data(), end}).exponent > 0;
-        status = large ? DoubleStatus::TooLarge : DoubleStatus::TooSmall;
-        magnitude = large ? std::numeric_limits<double>::infinity() : 0.0;
+        read.status = large ? DoubleStatus::TooLarge : DoubleStatus::TooSmall;
+        read.value = large ? std::numeric_limits<double>::infinity() : 0.0;
     }
-    return {negative ? -magnitude : magnitude, end, status};
+    if (negative)
+        read.value = -read.value;
+    return read;
 }
 
 double zeldt::ReadExternDouble(const char* text)

@@ -228,6 +228,34 @@ TEST(AcceptedTexts, AreTheNearestDoubles)
     }
 }
 
+TEST(AcceptedTexts, WithoutExponentAreTheNearestDoubles)
+{
+    // With up to 22 digits, the point anywhere: those of few digits and the others. Every third
+    // has the digits of a number around 2^53, from where on doubles lack whole numbers.
+    std::mt19937_64 random(20250303);
+    for (int i = 0; i < 20000; ++i) {
+        std::string digits;
+        if (i % 3 == 0) {
+            digits = std::to_string((std::uint64_t{1} << 53) - 20 + random() % 40);
+        } else {
+            for (std::size_t count = 1 + random() % 22; count != 0; --count)
+                digits += static_cast<char>('0' + random() % 10);
+        }
+        const std::size_t point = random() % (digits.size() + 1);
+        std::string text = digits;
+        text.insert(point, 1, '.');
+        const Scaled number = {BigNatural::FromDigits(digits),
+                               static_cast<int>(point) - static_cast<int>(digits.size())};
+        const double value = ZelDtDouble(text.c_str()).GetValue();
+        ASSERT_TRUE(IsNearest(value, number)) << text;
+        ASSERT_FALSE(IsNearest(std::nextafter(value, kInfinity), number)) << text;
+        if (value > 0.0) {
+            ASSERT_FALSE(IsNearest(std::nextafter(value, 0.0), number)) << text;
+        }
+        ASSERT_EQ(ZelDtDouble((" -" + text).c_str()).GetValue(), -value) << text;
+    }
+}
+
 TEST(AcceptedTexts, AreTheEvenDoublesInTies)
 {
     // Halfway between random doubles and the next ones, with all digits; and a little off.
