@@ -58,20 +58,12 @@ std::size_t SumOf(int a, int b)
     return static_cast<std::size_t>(a) + static_cast<std::size_t>(b);
 }
 
-/// Sends each byte through `map` unless it `isInCase` already; returns whether one was sent.
+/// Whether there is a byte for which `isInCase` does not hold.
 template <typename IsInCase>
-bool ChangeCase(ZelDtString_Imp& text, const zelrt::ByteMap& map, IsInCase isInCase)
+bool HasOther(std::string_view text, IsInCase isInCase)
 {
-    bool sent = false;
-    char* const bytes = text.Bytes();
-    for (int i = 0; i < text.Length(); ++i) {
-        const auto byte = static_cast<unsigned char>(bytes[i]);
-        if (isInCase(byte))
-            continue;
-        bytes[i] = static_cast<char>(map[byte]);
-        sent = true;
-    }
-    return sent;
+    return !std::all_of(text.begin(), text.end(),
+                        [isInCase](char c) { return isInCase(static_cast<unsigned char>(c)); });
 }
 
 /// Converts the pieces between NUL bytes too.
@@ -379,14 +371,18 @@ void ZelDtString::ToUpper()
     const auto isUpper = [](unsigned char letter) {
         return zelrt::AnsiIsUpper(letter) || letter == sharpS;
     };
-    if (ChangeCase(*m_pImp, zelrt::kAnsiUpper, isUpper))
-        SetModified(1);
+    if (!HasOther(m_pImp->View(), isUpper))
+        return;
+    zelrt::AnsiMakeUpper(m_pImp->Bytes(), m_pImp->View().size());
+    SetModified(1);
 }
 
 void ZelDtString::ToLower()
 {
-    if (ChangeCase(*m_pImp, zelrt::kAnsiLower, &zelrt::AnsiIsLower))
-        SetModified(1);
+    if (!HasOther(m_pImp->View(), &zelrt::AnsiIsLower))
+        return;
+    zelrt::AnsiMakeLower(m_pImp->Bytes(), m_pImp->View().size());
+    SetModified(1);
 }
 
 void ZelDtString::SetAt(int index, char character)

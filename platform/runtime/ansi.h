@@ -4,7 +4,10 @@
 /// Single-byte text in Windows code page 1252, the same on both targets and whatever the
 /// process locale says. Private to this project; not installed.
 
+#include "platform/runtime/shorttext.h"
+
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 
@@ -75,6 +78,52 @@ constexpr bool AnsiIsLower(unsigned char byte)
 {
     return kAnsiUpper[byte] != byte || byte == 0xDF || byte == 0xB5 || byte == 0x83 ||
            byte == 0xAA || byte == 0xBA;
+}
+
+/// Sends those of the bytes at `text` through a map that lie above 0x7F; `bytes` are the up to 16
+/// that stand there.
+inline void MapHighBytes(char* text, __m128i bytes, const ByteMap& map) noexcept
+{
+    for (auto marks = static_cast<unsigned>(_mm_movemask_epi8(bytes)); marks != 0;
+         marks &= marks - 1) {
+        char& high = text[std::countr_zero(marks)];
+        high = static_cast<char>(map[static_cast<unsigned char>(high)]);
+    }
+}
+
+namespace detail {
+
+/// Sends each byte through a map of cases; of the bytes below 0x80 it changes those of the 26
+/// letters from `firstLetter` on.
+inline void ChangeCase(char* text, std::size_t size, const ByteMap& map, char firstLetter) noexcept
+{
+    constexpr char caseBit = 0x20;
+    const __m128i before = _mm_set1_epi8(static_cast<char>(firstLetter - 1));
+    const __m128i behind = _mm_set1_epi8(static_cast<char>(firstLetter + 26));
+    char* const end = text + size;
+    for (; end - text >= 16; text += 16) {
+        auto* const place = reinterpret_cast<__m128i*>(text);
+        const __m128i bytes = _mm_loadu_si128(place);
+        const __m128i letters =
+            _mm_and_si128(_mm_cmpgt_epi8(bytes, before), _mm_cmplt_epi8(bytes, behind));
+        _mm_storeu_si128(place,
+                         _mm_xor_si128(bytes, _mm_and_si128(letters, _mm_set1_epi8(caseBit))));
+        MapHighBytes(text, bytes, map);
+    }
+    for (; text != end; ++text)
+        *text = static_cast<char>(map[static_cast<unsigned char>(*text)]);
+}
+
+} // namespace detail
+
+inline void AnsiMakeUpper(char* text, std::size_t size) noexcept
+{
+    detail::ChangeCase(text, size, kAnsiUpper, 'a');
+}
+
+inline void AnsiMakeLower(char* text, std::size_t size) noexcept
+{
+    detail::ChangeCase(text, size, kAnsiLower, 'A');
 }
 
 static_assert(AnsiToUpper(0xE9) == 0xC9 && AnsiToUpper(0xF7) == 0xF7 && AnsiToUpper(0xDF) == 0xDF);

@@ -9,10 +9,8 @@
 
 #include "platform/runtime/ansi.h"
 
-#include <bit>
+#include <algorithm>
 #include <cstddef>
-#include <cstdint>
-#include <cstring>
 
 namespace zelrt {
 
@@ -86,28 +84,32 @@ static_assert(kAnsiToOem850[0x84] == 0x22 && kAnsiToOem437[0x84] == 0x2C);
 static_assert(kOem850ToAnsi[0x84] == 0xE4 && kOem437ToAnsi[0x82] == 0xE9);
 
 /// Replaces each of `size` bytes through a map that leaves the bytes below 0x80 alone. Plain text
-/// is only read, 32 bytes at a time; elsewhere only the bytes that need the map are touched.
+/// is only read, 64 bytes at a time; elsewhere only the bytes that need the map are touched.
 inline void TranslateInPlace(char* text, std::size_t size, const ByteMap& map) noexcept
 {
-    constexpr std::uint64_t kHighBits = 0x8080808080808080U;
-    constexpr std::size_t kBlock = 32;
-    std::size_t i = 0;
-    for (; size - i >= kBlock; i += kBlock) {
-        std::uint64_t words[kBlock / 8];
-        std::memcpy(words, text + i, kBlock);
-        if (((words[0] | words[1] | words[2] | words[3]) & kHighBits) == 0)
+    constexpr std::size_t kPart = sizeof(__m128i);
+    constexpr std::size_t kBlock = 4 * kPart;
+    const auto load = [](const char* bytes) {
+        return _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes));
+    };
+    char* const end = text + size;
+    for (; static_cast<std::size_t>(end - text) >= kBlock; text += kBlock) {
+        const __m128i parts[] = {load(text), load(text + kPart), load(text + 2 * kPart),
+                                 load(text + 3 * kPart)};
+        if (_mm_movemask_epi8(_mm_or_si128(_mm_or_si128(parts[0], parts[1]),
+                                           _mm_or_si128(parts[2], parts[3]))) == 0)
             continue;
-        char* word = text + i;
-        for (const std::uint64_t bytes : words) {
-            for (std::uint64_t marks = bytes & kHighBits; marks != 0; marks &= marks - 1) {
-                char& byte = word[std::countr_zero(marks) / 8];
-                byte = static_cast<char>(map[static_cast<unsigned char>(byte)]);
-            }
-            word += sizeof bytes;
+        char* part = text;
+        for (const __m128i& bytes : parts) {
+            MapHighBytes(part, bytes, map);
+            part += kPart;
         }
     }
-    for (; i < size; ++i)
-        text[i] = static_cast<char>(map[static_cast<unsigned char>(text[i])]);
+    while (text != end) {
+        const std::size_t part = std::min(kPart, static_cast<std::size_t>(end - text));
+        MapHighBytes(text, LoadUpTo16(text, part), map);
+        text += part;
+    }
 }
 
 } // namespace zelrt

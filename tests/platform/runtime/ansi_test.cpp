@@ -54,6 +54,46 @@ TEST(AnsiUnicode, MapsTheBlockOfSpecialCharacters)
     EXPECT_EQ(zelrt::AnsiToUnicode(0xE4), 0x00E4);
 }
 
+TEST(AnsiCase, OfTextsIsThatOfTheirBytes)
+{
+    // All bytes, from each of them on, in texts of different lengths.
+    for (std::size_t size = 0; size < 70; ++size) {
+        for (std::size_t first = 0; first < 256; ++first) {
+            std::string text;
+            std::string upper;
+            std::string lower;
+            for (std::size_t i = 0; i < size; ++i) {
+                const auto byte = static_cast<unsigned char>(first + i);
+                text += static_cast<char>(byte);
+                upper += static_cast<char>(AnsiToUpper(byte));
+                lower += static_cast<char>(AnsiToLower(byte));
+            }
+            std::string changed = text;
+            zelrt::AnsiMakeUpper(changed.data(), changed.size());
+            ASSERT_EQ(changed, upper);
+            zelrt::AnsiMakeLower(text.data(), text.size());
+            ASSERT_EQ(text, lower);
+        }
+    }
+}
+
+TEST(OemTranslation, EqualsTheByteWiseOneForAllBytes)
+{
+    for (std::size_t size = 0; size < 150; size += 7) {
+        for (std::size_t first = 0; first < 256; first += 3) {
+            std::string text;
+            std::string expected;
+            for (std::size_t i = 0; i < size; ++i) {
+                const auto byte = static_cast<unsigned char>(first + i * 5);
+                text += static_cast<char>(byte);
+                expected += static_cast<char>(zelrt::kOem850ToAnsi[byte]);
+            }
+            zelrt::TranslateInPlace(text.data(), text.size(), zelrt::kOem850ToAnsi);
+            ASSERT_EQ(text, expected);
+        }
+    }
+}
+
 TEST(OemTranslation, EqualsTheByteWiseOneAtEveryLengthAndPlace)
 {
     for (std::size_t length = 0; length < 80; ++length) {
