@@ -2,9 +2,11 @@
 
 #include "foundation/DTGUARD.h"
 #include "platform/errors/errors.h"
+#include "platform/runtime/digits.h"
+#include "platform/runtime/shorttext.h"
+#include "platform/runtime/textsearch.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdlib>
 #include <cstring>
 #include <functional>
@@ -14,6 +16,7 @@ namespace {
 using zeldt::ErrorNo;
 using zeldt::Guarded;
 using zeldt::Operation;
+using zelrt::FindText;
 
 constexpr Operation Op(const char* signature)
 {
@@ -29,6 +32,7 @@ constexpr Operation kGrow = Op("Grow(INT)");
 
 /// Room for the longest 32-bit number with its sign.
 constexpr int kNumberAllocLength = 11;
+static_assert(kNumberAllocLength == zelrt::kMostSignedDigits32);
 
 /// The empty text of all objects without a block.
 const char sharedEmptyText[1] = "";
@@ -42,8 +46,7 @@ char* SharedEmptyText() noexcept
 class NumberText {
 public:
     template <typename Number>
-    explicit NumberText(Number number) noexcept
-        : m_end(std::to_chars(m_text, m_text + sizeof m_text, number).ptr)
+    explicit NumberText(Number number) noexcept : m_end(zelrt::WriteDigits(number, m_text))
     {}
     std::string_view View() const noexcept
     {
@@ -51,8 +54,8 @@ public:
     }
 
 private:
-    char m_text[kNumberAllocLength];
-    char* m_end;
+    char m_text[zelrt::kMostSignedDigits32];
+    const char* m_end;
 };
 
 int LengthOf(std::string_view text) noexcept
@@ -66,10 +69,33 @@ void CopyBytes(char* target, std::string_view source) noexcept
         std::memcpy(target, source.data(), source.size());
 }
 
+/// Copies bytes that may overlap what they are copied to; returns the end of the copy.
+char* CopyForward(const char* from, std::size_t count, char* to) noexcept
+{
+    if (count <= zelrt::kShortText)
+        zelrt::CopyUpTo16(from, count, to);
+    else
+        std::memmove(to, from, count);
+    return to + count;
+}
+
+/// Moves all bytes but `dropped` to the front; returns their end.
+char* KeepOthers(char* first, const char* last, char dropped) noexcept
+{
+    char* kept = first;
+    for (; first != last; ++first) {
+        const char c = *first;
+        *kept = c;
+        kept += c != dropped ? 1 : 0;
+    }
+    return kept;
+}
+
 } // namespace
 
 ZelDtString_Imp::ZelDtString_Imp() noexcept
-    : m_pText(SharedEmptyText()), m_nLength(0), m_nAllocLength(0), m_nLastPosition(kNoPosition)
+    : m_pText(SharedEmptyText()), m_nLength(0), m_nAllocLength(0), m_nLastPosition(kNoPosition),
+      m_nRoom(0)
 {}
 
 ZelDtString_Imp::ZelDtString_Imp(std::string_view text, int length, int allocLength)
@@ -99,7 +125,7 @@ ZelDtString_Imp::ZelDtString_Imp(std::uint32_t number) : ZelDtString_Imp()
 
 ZelDtString_Imp::ZelDtString_Imp(const ZelDtString_Imp& source)
     : zeldt::Pooled<ZelDtString_Imp>(), m_pText(SharedEmptyText()), m_nLength(0), m_nAllocLength(0),
-      m_nLastPosition(kNoPosition)
+      m_nLastPosition(kNoPosition), m_nRoom(0)
 {
     Guarded(kCopy, [&] { StrAlloc(source.View(), source.m_nLength, source.m_nLength); });
 }
@@ -156,25 +182,18 @@ char* ZelDtString_Imp::Fresh(int length)
 void ZelDtString_Imp::NewBlock(int allocLength)
 {
     FreeBlock();
-    m_pText = SharedEmptyText();
     m_nLength = 0;
-    m_nAllocLength = 0;
     if (allocLength == 0)
         return;
-    const std::size_t size = static_cast<std::size_t>(allocLength) + 1;
-    char* const block = static_cast<char*>(std::malloc(size));
-    if (block == nullptr)
-        FailAllocation(size);
-    m_pText = block;
+    if (!ResizeBlock(allocLength))
+        FailAllocation(static_cast<std::size_t>(allocLength) + 1);
     m_nAllocLength = allocLength;
 }
 
 void ZelDtString_Imp::FailAllocation(std::size_t size)
 {
     FreeBlock();
-    m_pText = SharedEmptyText();
     m_nLength = 0;
-    m_nAllocLength = 0;
     ZelEhOrbeckNewHandler(size);
 }
 
@@ -182,21 +201,38 @@ void ZelDtString_Imp::Grow(int allocLength)
 {
     if (allocLength == 0) {
         FreeBlock();
-        m_pText = SharedEmptyText();
-        m_nAllocLength = 0;
+        return;
+    }
+    const bool grows = allocLength > m_nAllocLength;
+    if (grows && allocLength <= m_nRoom) {
+        m_nAllocLength = allocLength;
         return;
     }
     Guarded(kGrow, [&] {
-        const std::size_t size = static_cast<std::size_t>(allocLength) + 1;
         const bool owned = OwnsBlock();
-        char* const block = static_cast<char*>(std::realloc(owned ? m_pText : nullptr, size));
-        if (block == nullptr)
-            FailAllocation(size);
+        // A block that grows gets half as much again, if there is that much: a text that is put
+        // together from many pieces would else be copied with each of them.
+        const std::int64_t ample = std::int64_t{m_nRoom} + m_nRoom / 2;
+        const bool isAmple = owned && grows && ample > allocLength && ample < kMaxLength &&
+                             ResizeBlock(static_cast<int>(ample));
+        if (!isAmple && !ResizeBlock(allocLength))
+            FailAllocation(static_cast<std::size_t>(allocLength) + 1);
         if (!owned)
-            std::memset(block, 0, size);
-        m_pText = block;
+            std::memset(m_pText, 0, static_cast<std::size_t>(allocLength) + 1);
         m_nAllocLength = allocLength;
     });
+}
+
+/// Gives the block, or one that there was not, room for `room` bytes; false if there is no memory.
+bool ZelDtString_Imp::ResizeBlock(int room) noexcept
+{
+    char* const owned = OwnsBlock() ? m_pText : nullptr;
+    char* const block = static_cast<char*>(std::realloc(owned, static_cast<std::size_t>(room) + 1));
+    if (block == nullptr)
+        return false;
+    m_pText = block;
+    m_nRoom = room;
+    return true;
 }
 
 void ZelDtString_Imp::Reserve(int length)
@@ -208,9 +244,7 @@ void ZelDtString_Imp::Reserve(int length)
 void ZelDtString_Imp::Reset() noexcept
 {
     FreeBlock();
-    m_pText = SharedEmptyText();
     m_nLength = 0;
-    m_nAllocLength = 0;
     m_nLastPosition = kNoPosition;
 }
 
@@ -223,6 +257,9 @@ void ZelDtString_Imp::FreeBlock() noexcept
 {
     if (OwnsBlock())
         std::free(m_pText);
+    m_pText = SharedEmptyText();
+    m_nAllocLength = 0;
+    m_nRoom = 0;
 }
 
 void ZelDtString_Imp::SetLength(int length) noexcept
@@ -325,27 +362,37 @@ void ZelDtString_Imp::FillRight(char fill, int newLength)
 
 int ZelDtString_Imp::Find(std::string_view pattern, int start) const noexcept
 {
-    const std::size_t found = View().find(pattern, static_cast<std::size_t>(start));
+    const std::size_t found = FindText(View(), pattern, static_cast<std::size_t>(start));
     return found == std::string_view::npos ? kNoPosition : static_cast<int>(found);
 }
 
 bool ZelDtString_Imp::EraseAll(std::string_view part) noexcept
 {
-    const int first = Find(part, 0);
-    if (first == kNoPosition)
+    const char* in = m_pText;
+    const char* const end = in + m_nLength;
+    std::size_t found = FindText({in, end}, part);
+    if (found == std::string_view::npos)
         return false;
-    // The bytes that stay grow from the left. As soon as they end with the part it is dropped; the
-    // match that ends first is also the leftmost one of what a search from the start would find.
-    const std::size_t size = part.size();
-    const char last = part.back();
-    const char* const end = m_pText + m_nLength;
-    char* out = m_pText + first;
-    for (const char* in = out + size; in != end; ++in) {
-        *out++ = *in;
-        const bool mayMatch = *in == last && static_cast<std::size_t>(out - m_pText) >= size;
-        if (mayMatch && std::memcmp(out - size, part.data(), size) == 0)
-            out -= size;
+    if (part.size() == 1) {
+        // Joins nothing, and is too short for a search each time.
+        const char* const kept = KeepOthers(m_pText + found, end, part.front());
+        SetLength(static_cast<int>(kept - m_pText));
+        return true;
     }
+    char* out = m_pText;
+    while (found != std::string_view::npos) {
+        out = CopyForward(in, found, out);
+        in += found + part.size();
+        // A match that the removal joins begins in the last bytes that stay, fewer than the part
+        // has. They go back in front of the rest, which takes no longer than the part did.
+        const std::size_t joined =
+            std::min(part.size() - 1, static_cast<std::size_t>(out - m_pText));
+        out -= joined;
+        in -= joined;
+        std::memcpy(m_pText + (in - m_pText), out, joined);
+        found = FindText({in, end}, part);
+    }
+    out = CopyForward(in, static_cast<std::size_t>(end - in), out);
     SetLength(static_cast<int>(out - m_pText));
     return true;
 }
@@ -354,8 +401,8 @@ std::size_t ZelDtString_Imp::CountMatches(std::string_view part) const noexcept
 {
     const std::string_view text = View();
     std::size_t matches = 0;
-    for (std::size_t at = text.find(part); at != std::string_view::npos;
-         at = text.find(part, at + part.size()))
+    for (std::size_t at = FindText(text, part); at != std::string_view::npos;
+         at = FindText(text, part, at + part.size()))
         ++matches;
     return matches;
 }
@@ -375,18 +422,13 @@ void ZelDtString_Imp::ReplaceAll(std::string_view oldPart, std::string_view newP
     const char* in = m_pText + shift;
     const char* const end = in + oldLength;
     char* out = m_pText;
-    const auto move = [&out, &in](std::size_t count) {
-        std::memmove(out, in, count);
-        out += count;
-        in += count;
-    };
     for (; matches != 0; --matches) {
-        move(std::string_view(in, static_cast<std::size_t>(end - in)).find(oldPart));
-        in += oldPart.size();
-        CopyBytes(out, newPart);
-        out += newPart.size();
+        const std::size_t found = FindText({in, end}, oldPart);
+        out = CopyForward(in, found, out);
+        in += found + oldPart.size();
+        out = CopyForward(newPart.data(), newPart.size(), out);
     }
-    move(static_cast<std::size_t>(end - in));
+    CopyForward(in, static_cast<std::size_t>(end - in), out);
     SetLength(static_cast<int>(newLength));
 }
 

@@ -12,7 +12,9 @@
 /// Bytes with a length and room to grow.
 ///
 /// Representation: the text, terminated by NUL at index length; the length; the allocation length,
-/// the number of text bytes that the owned block can hold; the position of the last match found.
+/// the number of text bytes that the owned block can hold as far as callers know; the position of
+/// the last match found; the number of text bytes that the block can really hold, which is more
+/// when it has grown, so that growing again and again takes time linear in the text.
 /// An object without a block of its own uses one empty text that all share and nobody writes; its
 /// allocation length is 0. All lengths are in bytes and below 2^31; NUL bytes may stand anywhere
 /// in the text.
@@ -102,8 +104,8 @@ public:
     void Remember(int position) noexcept { m_nLastPosition = position; }
 
     /// Removes the first match, beginning again in front as long as there is one, so that matches
-    /// that a removal joins go too. Returns whether there was one. Time linear in the length as
-    /// long as the part does not nearly match everywhere.
+    /// that a removal joins go too. Returns whether there was one. Time linear in the length, as
+    /// for the two functions below.
     bool EraseAll(std::string_view part) noexcept;
     /// Replaces the first `matches` matches, of which there are as many as CountMatches says; what
     /// was put in is not searched.
@@ -116,6 +118,7 @@ private:
     void NewBlock(int allocLength);
     [[noreturn]] void FailAllocation(std::size_t size);
     bool OwnsBlock() const noexcept;
+    bool ResizeBlock(int room) noexcept;
     void FreeBlock() noexcept;
     void SetLength(int length) noexcept;
 
@@ -123,6 +126,7 @@ private:
     std::int32_t m_nLength;
     std::int32_t m_nAllocLength;
     std::int32_t m_nLastPosition;
+    std::int32_t m_nRoom;
 };
 
 /// Bytes that stay what they are while an object is edited: a copy if they lie in its text.
