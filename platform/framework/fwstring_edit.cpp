@@ -3,6 +3,7 @@
 #include "platform/framework/fwexcept.h"
 #include "platform/framework/fwstring.h"
 #include "platform/framework/fwtext.h"
+#include "platform/runtime/textsearch.h"
 
 #include <algorithm>
 #include <cstring>
@@ -10,6 +11,7 @@
 
 using zelfw::Join;
 using zelfw::View;
+using zelrt::FindText;
 
 namespace {
 
@@ -28,11 +30,6 @@ int Sign(int order) noexcept
 char Lower(char character) noexcept
 {
     return static_cast<char>(zelrt::AnsiToLower(static_cast<unsigned char>(character)));
-}
-
-char Upper(char character) noexcept
-{
-    return static_cast<char>(zelrt::AnsiToUpper(static_cast<unsigned char>(character)));
 }
 
 bool LessAsBytes(char a, char b) noexcept
@@ -70,21 +67,11 @@ void TrimRightOf(CString& text, std::string_view set)
 template <typename Function>
 void ForEachMatch(std::string_view text, std::string_view wanted, Function found)
 {
-    std::size_t position = text.find(wanted);
+    std::size_t position = FindText(text, wanted);
     while (position != std::string_view::npos) {
         found(position);
-        position = text.find(wanted, position + wanted.size());
+        position = FindText(text, wanted, position + wanted.size());
     }
-}
-
-template <typename Function>
-CString& Map(CString& text, Function function)
-{
-    if (!text.IsEmpty()) {
-        char* characters = text.GetBuffer();
-        std::transform(characters, characters + text.GetLength(), characters, function);
-    }
-    return text;
 }
 
 } // namespace
@@ -170,7 +157,7 @@ int CString::Find(LPCTSTR text, int start) const noexcept
 {
     if (text == nullptr || start < 0 || start > GetLength())
         return -1;
-    return PositionOf(View(*this).find(text, static_cast<std::size_t>(start)));
+    return PositionOf(FindText(View(*this), text, static_cast<std::size_t>(start)));
 }
 
 int CString::Find(TCHAR character, int start) const noexcept
@@ -194,12 +181,16 @@ int CString::FindOneOf(LPCTSTR characters) const noexcept
 
 CString& CString::MakeUpper()
 {
-    return Map(*this, Upper);
+    if (!IsEmpty())
+        zelrt::AnsiMakeUpper(GetBuffer(), View(*this).size());
+    return *this;
 }
 
 CString& CString::MakeLower()
 {
-    return Map(*this, Lower);
+    if (!IsEmpty())
+        zelrt::AnsiMakeLower(GetBuffer(), View(*this).size());
+    return *this;
 }
 
 CString& CString::MakeReverse()
