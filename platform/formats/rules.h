@@ -46,6 +46,7 @@ struct TimeRules {
     std::uint32_t mostHourDigits; ///< 0: no limit
     std::uint32_t hourWidth;      ///< hours are filled up to so many digits
     char fill;
+    bool plain; ///< digits, a colon and two digits are read as hours and minutes
 };
 
 enum class DateParts : unsigned char {

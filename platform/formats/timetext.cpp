@@ -23,7 +23,8 @@ constexpr TimeRules ModeTimeRules(char hundredthsPoint, std::uint32_t hourWidth)
             .sign = {SignPlace::Front, false},
             .mostHourDigits = 0,
             .hourWidth = hourWidth,
-            .fill = '0'};
+            .fill = '0',
+            .plain = true};
 }
 
 constexpr TimeRules kStandard = ModeTimeRules(',', 2);
@@ -90,6 +91,24 @@ bool SplitUnseparated(std::string_view text, TimeMode mode, Parts& parts)
         return false;
     parts.hours = text.substr(0, text.size() - fraction);
     parts.fraction = text.substr(text.size() - fraction);
+    return true;
+}
+
+/// Two digits, a colon and two digits: what is typed most. Anything else is left to the general
+/// reading; false then.
+bool ReadPlainTime(std::string_view text, Duration& value)
+{
+    if (text.size() != 5 || text[2] != ':')
+        return false;
+    const auto digit = [text](std::size_t at) {
+        return static_cast<unsigned char>(text[at]) - unsigned{'0'};
+    };
+    if (digit(0) > 9 || digit(1) > 9 || digit(3) > 5 || digit(4) > 9)
+        return false;
+    const std::uint32_t hours = digit(0) * 10 + digit(1);
+    const std::uint32_t minutes = digit(3) * 10 + digit(4);
+    const std::uint32_t units = hours * kUnitsPerHour + minutes * kUnitsPerMinute;
+    value = {static_cast<std::int32_t>(units), TimeMode::Minutes};
     return true;
 }
 
@@ -164,6 +183,8 @@ Status ShowDuration(Duration value, const TimeRules& rules, TextBuffer& text)
 
 Status ReadDuration(std::string_view text, const TimeRules& rules, Duration& value)
 {
+    if (rules.plain && ReadPlainTime(text, value))
+        return Status::Ok;
     std::string_view rest = TrimBlanks(text);
     char sign = '\0';
     DropFill(rest, rules);

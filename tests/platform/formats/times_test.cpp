@@ -186,6 +186,32 @@ TEST(ReadTimes, StandardMode)
     EXPECT_EQ(ReadTime(Technical(), "8,25").error, 21U);
 }
 
+TEST(ReadTimes, TheStandardModeAsTheFormatOfItsOptions)
+{
+    // Texts that look like hours and minutes, and some that nearly do.
+    const std::string characters = "0123456789012345:::,-+ .;";
+    std::mt19937 random(61);
+    for (int i = 0; i < 100000; ++i) {
+        std::string text;
+        for (std::size_t length = random() % 4 != 0 ? 5 : random() % 8; length != 0; --length)
+            text += characters[random() % characters.size()];
+        if (random() % 2 != 0 && text.size() == 5)
+            text[2] = ':';
+        ASSERT_EQ(ReadTime(Standard(), text), ReadTime(Time({}), text)) << text;
+    }
+    for (int hours = 0; hours < 100; ++hours) {
+        for (int minutes = 0; minutes < 100; ++minutes) {
+            const std::string text = {
+                static_cast<char>('0' + hours / 10), static_cast<char>('0' + hours % 10), ':',
+                static_cast<char>('0' + minutes / 10), static_cast<char>('0' + minutes % 10)};
+            const auto expected = minutes < 60
+                                      ? Read<Amount>{0, {hours * 1200 + minutes * 20, kMinutes}}
+                                      : Read<Amount>{8, kBefore};
+            ASSERT_EQ(ReadTime(Standard(), text), expected) << text;
+        }
+    }
+}
+
 TEST(ReadTimes, ByOption)
 {
     struct Row {
