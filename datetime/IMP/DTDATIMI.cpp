@@ -1,6 +1,7 @@
 #include "datetime/IMP/DTDATIMI.h"
 
 #include "datetime/IMP/DTCLOCKI.h"
+#include "datetime/IMP/DTDATTXT.h"
 #include "platform/runtime/digits.h"
 #include "platform/runtime/localtime.h"
 
@@ -95,36 +96,8 @@ constexpr bool IsSeparator(char c)
     return c == '.' || c == '/';
 }
 
-struct DateNumbers {
-    int day = 0;
-    int month = 0;
-    int year = 0;
-};
-
-/// Reads two digits. Looks no further than a first character that is none.
-constexpr bool ReadPair(const char* text, int& number)
-{
-    if (!IsDigit(text[0]) || !IsDigit(text[1]))
-        return false;
-    number = DigitOf(text[0]) * 10 + DigitOf(text[1]);
-    return true;
-}
-
-/// Reads "dd.mm.yyyy", alone or before a blank, as most dates are written. Not any other text, nor
-/// the year 0000, which take the long way.
-constexpr bool ReadUsualDate(const char* text, DateNumbers& date)
-{
-    int century = 0;
-    int yearOfCentury = 0;
-    if (!ReadPair(text, date.day) || text[2] != '.' || !ReadPair(text + 3, date.month) ||
-        text[5] != '.' || !ReadPair(text + 6, century) || !ReadPair(text + 8, yearOfCentury))
-        return false;
-    date.year = century * 100 + yearOfCentury;
-    return date.year != 0 && (text[10] == '\0' || text[10] == ' ');
-}
-
 /// Whether the setters, one after the other, would come to these very numbers.
-constexpr bool IsInRange(const DateNumbers& date)
+constexpr bool IsInRange(const zeldt::DateNumbers& date)
 {
     return date.year >= kFirstYear && zeldt::HasDay(date.month - 1, date.year, date.day);
 }
@@ -353,8 +326,8 @@ void ZelDtDateTime_Imp::SetDateTime(const char* text)
 
 void ZelDtDateTime_Imp::ReadDate(const char* text)
 {
-    DateNumbers date;
-    if (!ReadUsualDate(text, date)) {
+    zeldt::DateNumbers date;
+    if (!zeldt::ReadUsualDate(text, date)) {
         ReadUnusualDate(text);
     } else if (IsInRange(date)) {
         fields.year = date.year - zeldt::kBaseYear;
