@@ -6,8 +6,11 @@
 #include "benchmarks/contest.h"
 #include "benchmarks/inputs.h"
 #include "benchmarks/jobs.h"
+#include "platform/runtime/ansi.h"
 #include "text/DTSTRING.h"
 
+#include <functional>
+#include <memory>
 #include <string>
 
 namespace zelbench {
@@ -214,6 +217,166 @@ private:
     }
 };
 
+// Long texts: times are those of a byte, so that they show how they grow with the text. Whoever
+// knows std::string puts the pieces into a new one there.
+
+void ChangeAllAtOnce(ZelDtString& text, const ZelDtString& oldPart, const ZelDtString& newPart)
+{
+    ChangeAll(text, oldPart, newPart);
+}
+
+void ChangeAllAtOnce(std::string& text, const std::string& oldPart, const std::string& newPart)
+{
+    std::string changed;
+    std::size_t from = 0;
+    for (std::size_t at = text.find(oldPart); at != std::string::npos;
+         at = text.find(oldPart, from)) {
+        changed.append(text, from, at - from).append(newPart);
+        from = at + oldPart.size();
+    }
+    text = changed.append(text, from);
+}
+
+void DeleteAllAtOnce(ZelDtString& text, const ZelDtString& part)
+{
+    DeleteAll(text, part);
+}
+
+/// What a removal joins goes too.
+void DeleteAllAtOnce(std::string& text, const std::string& part)
+{
+    std::string kept;
+    for (const char c : text) {
+        kept.push_back(c);
+        if (kept.ends_with(part))
+            kept.resize(kept.size() - part.size());
+    }
+    text = std::move(kept);
+}
+
+bool Has(ZelDtString& text, const ZelDtString& part)
+{
+    return text.GetPos(part, ZelDtString::kiFirst) != ZelDtString::kiNotFound;
+}
+
+bool Has(const std::string& text, const std::string& part)
+{
+    return text.find(part) != std::string::npos;
+}
+
+void ToUpper(ZelDtString& text)
+{
+    text.ToUpper();
+}
+
+void ToUpper(std::string& text)
+{
+    for (char& c : text)
+        c = static_cast<char>(zelrt::AnsiToUpper(static_cast<unsigned char>(c)));
+}
+
+/// A length of a text and what it is called.
+struct Size {
+    std::size_t bytes;
+    const char* name;
+};
+
+/// A text that is made when it is wanted first, by jobs that are run.
+template <typename Text>
+class LazyText {
+public:
+    explicit LazyText(std::function<std::string()> make) : m_make(std::move(make)) {}
+
+    Text& Get() const
+    {
+        if (!m_text)
+            m_text = std::make_unique<Text>(TextFrom<Text>(m_make()));
+        return *m_text;
+    }
+
+private:
+    std::function<std::string()> m_make;
+    mutable std::unique_ptr<Text> m_text;
+};
+
+struct LongTextJobs {
+    explicit LongTextJobs(const Size& size)
+        : m_size(size), m_change(Named("change-all")), m_delete(Named("delete-all")),
+          m_deleteNested(Named("delete-nested")), m_find(Named("find")),
+          m_findNearly(Named("find-nearly")), m_upper(Named("upper"))
+    {}
+
+    template <typename Text>
+    void Add(const std::string& contender)
+    {
+        const std::size_t bytes = m_size.bytes;
+        const auto prose = Lazy<Text>([bytes] { return GermanText(bytes, 26); });
+        const auto nested = Lazy<Text>(
+            [bytes] { return std::string(bytes / 2, '(') + std::string(bytes / 2, ')'); });
+        AddEditing<Text>(m_change, contender, prose, [](Text& text) {
+            ChangeAllAtOnce(text, TextFrom<Text>(" "), TextFrom<Text>(", "));
+        });
+        AddEditing<Text>(m_delete, contender, prose,
+                         [](Text& text) { DeleteAllAtOnce(text, TextFrom<Text>("en")); });
+        AddEditing<Text>(m_deleteNested, contender, nested,
+                         [](Text& text) { DeleteAllAtOnce(text, TextFrom<Text>("()")); });
+        AddEditing<Text>(m_upper, contender, prose, [](Text& text) { ToUpper(text); });
+        AddFinding<Text>(m_find, contender, prose,
+                         Lazy<Text>([] { return std::string("no such words"); }));
+        if (contender == "ours") {
+            // The other one would take hours.
+            AddFinding<Text>(m_findNearly, contender, nested, Lazy<Text>([bytes] {
+                                 const std::string run(bytes / 32, '(');
+                                 return run + ")" + run;
+                             }));
+        }
+    }
+
+private:
+    template <typename Text>
+    using LazyPtr = std::shared_ptr<const LazyText<Text>>;
+
+    template <typename Text>
+    static LazyPtr<Text> Lazy(std::function<std::string()> make)
+    {
+        return std::make_shared<const LazyText<Text>>(std::move(make));
+    }
+
+    Job Named(const char* what) const
+    {
+        return Job(std::string("string/") + what + "-" + m_size.name, m_size.bytes);
+    }
+
+    template <typename Text, typename Edit>
+    static void AddEditing(Job& job, const std::string& contender, const LazyPtr<Text>& content,
+                           const Edit& edit)
+    {
+        const auto text = std::make_shared<Text>("");
+        job.Add(contender, ShareOne(content), [=](const LazyPtr<Text>& original) {
+            *text = original->Get();
+            edit(*text);
+            return ViewOf(*text);
+        });
+    }
+
+    template <typename Text>
+    static void AddFinding(Job& job, const std::string& contender, const LazyPtr<Text>& content,
+                           const LazyPtr<Text>& part)
+    {
+        job.Add(contender, ShareOne(part), [content](const LazyPtr<Text>& wanted) {
+            return int{Has(content->Get(), wanted->Get())};
+        });
+    }
+
+    Size m_size;
+    Job m_change;
+    Job m_delete;
+    Job m_deleteNested;
+    Job m_find;
+    Job m_findNearly;
+    Job m_upper;
+};
+
 } // namespace
 
 void AddStringJobs()
@@ -221,6 +384,11 @@ void AddStringJobs()
     StringJobs jobs;
     jobs.Add<ZelDtString>("ours");
     jobs.Add<std::string>("std_string");
+    for (const Size& size : {Size{kLongText, "1MB"}, Size{32 * kLongText, "32MB"}}) {
+        LongTextJobs longTexts(size);
+        longTexts.Add<ZelDtString>("ours");
+        longTexts.Add<std::string>("std_string");
+    }
 }
 
 } // namespace zelbench
