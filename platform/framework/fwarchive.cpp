@@ -64,6 +64,29 @@ void WriteTextHead(CArchive& ar, std::uint32_t length)
         ar << kLongLength << kVeryLongLength << length;
 }
 
+/// Copies the first and the last `Word` of so many bytes; they overlap and cover all.
+template <typename Word>
+void CopyEnds(BYTE* target, const char* source, std::size_t length)
+{
+    Word first;
+    Word last;
+    std::memcpy(&first, source, sizeof first);
+    std::memcpy(&last, source + length - sizeof last, sizeof last);
+    std::memcpy(target, &first, sizeof first);
+    std::memcpy(target + length - sizeof last, &last, sizeof last);
+}
+
+/// memcpy, without a call for the lengths that names have.
+void CopyShort(BYTE* target, const char* source, std::size_t length)
+{
+    if (length >= 8 && length <= 16)
+        CopyEnds<std::uint64_t>(target, source, length);
+    else if (length >= 4 && length < 8)
+        CopyEnds<std::uint32_t>(target, source, length);
+    else
+        std::memcpy(target, source, length);
+}
+
 void ReadExactly(CArchive& ar, void* buffer, std::size_t count)
 {
     if (ar.Read(buffer, static_cast<UINT>(count)) != count)
@@ -203,7 +226,7 @@ const BYTE* CArchive::TakeBytes(std::size_t count)
     return std::exchange(m_next, m_next + count);
 }
 
-UINT CArchive::Read(void* buffer, UINT count)
+UINT CArchive::ReadPieces(void* buffer, UINT count)
 {
     RequireLoading();
     auto* out = static_cast<BYTE*>(buffer);
@@ -231,7 +254,7 @@ UINT CArchive::Read(void* buffer, UINT count)
     return count - static_cast<UINT>(left);
 }
 
-void CArchive::Write(const void* buffer, UINT count)
+void CArchive::WriteThrough(const void* buffer, UINT count)
 {
     RequireStoring();
     if (count == 0)
@@ -352,17 +375,33 @@ void CArchive::WriteCount(ULONGLONG count)
         *this << WORD{0xFFFF} << std::uint32_t{0xFFFFFFFF} << count;
 }
 
-CArchive& operator<<(CArchive& ar, const CString& text)
-{
-    WriteTextHead(ar, static_cast<std::uint32_t>(text.GetLength()));
-    ar.Write(text.GetString(), static_cast<UINT>(text.GetLength()));
-    return ar;
-}
-
-/// Reads a text where it lies if the buffer can hold it.
+/// Texts and the buffer.
 struct CArchiveText {
+    /// A short text goes with its length into what is left of the buffer, if that is enough.
+    static void Write(CArchive& ar, const CString& text)
+    {
+        const auto length = static_cast<std::size_t>(text.GetLength());
+        if (length < kLongLength && length < static_cast<std::size_t>(ar.m_putEnd - ar.m_put)) {
+            *ar.m_put = static_cast<BYTE>(length);
+            CopyShort(ar.m_put + 1, text.GetString(), length);
+            ar.m_put += 1 + length;
+            return;
+        }
+        WriteTextHead(ar, static_cast<std::uint32_t>(length));
+        ar.Write(text.GetString(), static_cast<UINT>(length));
+    }
+
+    /// Reads a text where it lies if the buffer can hold it.
     static void Read(CArchive& ar, CString& text)
     {
+        const auto available = static_cast<std::size_t>(ar.m_end - ar.m_next);
+        if (available != 0 && *ar.m_next < kLongLength && *ar.m_next < available) {
+            const BYTE length = *ar.m_next;
+            const BYTE* const bytes = ar.m_next + 1;
+            ar.m_next = bytes + length;
+            text.SetString(reinterpret_cast<LPCTSTR>(bytes), length);
+            return;
+        }
         const TextHead head = ReadTextHead(ar);
         if (head.wide)
             text = ReadWideText(ar, head.length);
@@ -373,6 +412,12 @@ struct CArchiveText {
                            static_cast<int>(head.length));
     }
 };
+
+CArchive& operator<<(CArchive& ar, const CString& text)
+{
+    CArchiveText::Write(ar, text);
+    return ar;
+}
 
 CArchive& operator>>(CArchive& ar, CString& text)
 {

@@ -62,8 +62,23 @@ public:
     BOOL IsBufferEmpty() const noexcept { return m_next == m_end; }
 
     /// Reads up to `count` bytes; returns fewer only at the end of the file.
-    UINT Read(void* buffer, UINT count);
-    void Write(const void* buffer, UINT count);
+    UINT Read(void* buffer, UINT count)
+    {
+        if (count == 0 || count > static_cast<std::size_t>(m_end - m_next))
+            return ReadPieces(buffer, count);
+        std::memcpy(buffer, m_next, count);
+        m_next += count;
+        return count;
+    }
+    void Write(const void* buffer, UINT count)
+    {
+        if (count == 0 || count > static_cast<std::size_t>(m_putEnd - m_put)) {
+            WriteThrough(buffer, count);
+            return;
+        }
+        std::memcpy(m_put, buffer, count);
+        m_put += count;
+    }
     /// Storing: passes everything on to the file. Loading: gives bytes read ahead back, so that
     /// the file stands where the archive does.
     void Flush();
@@ -210,6 +225,12 @@ private:
         return *this;
     }
 
+    // What does not lie in the buffer, or has no room there. Who may read or write at all is
+    // checked only here: without a file, or with one for the other direction, the buffer is empty
+    // and full.
+
+    UINT ReadPieces(void* buffer, UINT count);
+    void WriteThrough(const void* buffer, UINT count);
     void MakeRoom();
     void Fetch(std::size_t count);
     std::size_t ReadAhead(std::size_t count);

@@ -248,6 +248,49 @@ TEST(Texts, ClaimedLengthsAreNotBelieved)
     EXPECT_STREQ(text, "kept");
 }
 
+TEST(Texts, CrossTheBuffersEndAnywhere)
+{
+    constexpr int kBuffer = 128;
+    for (const int length :
+         {0, 1, 3, 4, 5, 7, 8, 9, 15, 16, 17, 126, 127, 128, 129, 254, 255, 300}) {
+        std::string text;
+        for (int i = 0; i < length; ++i)
+            text += static_cast<char>('!' + i % 90);
+        const std::string head =
+            length < 255 ? Bytes({length}) : Bytes({0xFF, length % 256, length / 256});
+        for (int before = 0; before <= kBuffer; ++before) {
+            CMemFile file;
+            CArchive out(&file, CArchive::store, kBuffer);
+            const std::string filling(static_cast<std::size_t>(before), '.');
+            out.Write(filling.data(), static_cast<UINT>(before));
+            out << CString(text.data(), length) << BYTE{0xEE};
+            out.Close();
+            const std::string expected = filling + head + text + Bytes({0xEE});
+            ASSERT_EQ(ContentsOf(file), expected) << length << " behind " << before;
+
+            const auto read = [&](const std::string& bytes) {
+                CMemFile source;
+                source.Write(bytes.data(), static_cast<UINT>(bytes.size()));
+                source.SeekToBegin();
+                CArchive in(&source, CArchive::load, kBuffer);
+                std::string skipped(filling.size(), ' ');
+                EXPECT_EQ(in.Read(skipped.data(), static_cast<UINT>(before)),
+                          static_cast<UINT>(before));
+                CString found("old");
+                BYTE end = 0;
+                in >> found >> end;
+                EXPECT_EQ(end, 0xEE);
+                return std::string(found.GetString(), static_cast<std::size_t>(found.GetLength()));
+            };
+            ASSERT_EQ(read(expected), text) << length << " behind " << before;
+            ASSERT_EQ(ArchiveCause([&] { read(expected.substr(0, expected.size() - 1)); }),
+                      CArchiveException::endOfFile);
+            ASSERT_EQ(ArchiveCause([&] { read(expected.substr(0, expected.size() - 2)); }),
+                      CArchiveException::endOfFile);
+        }
+    }
+}
+
 TEST(Lines, EndWithLineFeeds)
 {
     const std::string longLine(500, 'x');
@@ -406,6 +449,28 @@ TEST(Modes, WrongDirectionsAreRefused)
     out.Flush();
     out.Close();
     EXPECT_EQ(target.GetLength(), 0U);
+}
+
+TEST(Modes, NothingAtAllIsRefusedToo)
+{
+    CMemFile file;
+    CArchive in(&file, CArchive::load);
+    CArchive out(&file, CArchive::store);
+    const CString empty;
+    CString text;
+    EXPECT_EQ(in.Read(&text, 0), 0U);
+    EXPECT_EQ(ArchiveCause([&] { out.Write("", 0); }), kNoException);
+    EXPECT_EQ(ArchiveCause([&] { in.Write("", 0); }), CArchiveException::readOnly);
+    EXPECT_EQ(ArchiveCause([&] { in << empty; }), CArchiveException::readOnly);
+    EXPECT_EQ(ArchiveCause([&] { out.Read(&text, 0); }), CArchiveException::writeOnly);
+    EXPECT_EQ(ArchiveCause([&] { out >> text; }), CArchiveException::writeOnly);
+    in.Close();
+    out.Close();
+    EXPECT_EQ(ArchiveCause([&] { in.Read(&text, 0); }), CArchiveException::genericException);
+    EXPECT_EQ(ArchiveCause([&] { in >> text; }), CArchiveException::genericException);
+    EXPECT_EQ(ArchiveCause([&] { out.Write("", 0); }), CArchiveException::genericException);
+    EXPECT_EQ(ArchiveCause([&] { out << empty; }), CArchiveException::genericException);
+    EXPECT_EQ(file.GetLength(), 0U);
 }
 
 TEST(Modes, FullDisksAreReported)
