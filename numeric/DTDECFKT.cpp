@@ -5,6 +5,7 @@
 #include "numeric/IMP/DTDECIMI.h"
 #include "platform/decimals/RWDecimalFormat.h"
 #include "platform/runtime/int32text.h"
+#include "text/IMP/DTARCTXT.h"
 #include "text/IMP/DTVIEW.h"
 
 #include <algorithm>
@@ -434,7 +435,10 @@ void ZelDtDecimal::Serialize(CArchive& ar)
         unsigned short version = 0;
         const ZelDtString text = ConvToExtern(defined, version);
         ZelDtBasis::Serialize(ar);
-        Guarded(kSerialize, [&] { ar << static_cast<CString>(text) << WORD{version}; });
+        Guarded(kSerialize, [&] {
+            zeldt::WriteText(ar, ViewOf(text));
+            ar << WORD{version};
+        });
         return;
     }
     Rollback rollback(*this);

@@ -1,6 +1,7 @@
 #include "text/DTSTRING.h"
 
 #include "foundation/DTFORMAT.h"
+#include "text/IMP/DTARCTXT.h"
 #include "text/IMP/DTCODEPG.h"
 #include "text/IMP/DTQUOTE.h"
 #include "text/IMP/DTTEXT.h"
@@ -170,7 +171,7 @@ void ZelDtString::Serialize(CArchive& ar)
     Guarded(kSerialize, [&] {
         if (ar.IsStoring()) {
             ZelDtBasis::Serialize(ar);
-            ar << CString(m_pImp->Text(), m_pImp->Length());
+            zeldt::WriteText(ar, m_pImp->View());
             return;
         }
         Rollback rollback(*this);
