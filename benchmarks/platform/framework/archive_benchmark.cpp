@@ -8,6 +8,7 @@
 #include "benchmarks/inputs.h"
 #include "benchmarks/jobs.h"
 #include "benchmarks/peers/values.h"
+#include "benchmarks/platform/framework/objects.h"
 #include "numeric/DTLONG.h"
 
 #include <streambuf>
@@ -31,6 +32,15 @@ struct Nullable {
     std::int32_t number;
 };
 
+/// A record without text.
+struct PlainRecord {
+    std::int32_t number;
+    std::int16_t quantity;
+    double weight;
+    std::int64_t cents;
+    char grade;
+};
+
 template <typename Text>
 struct Record {
     std::int32_t number;
@@ -49,6 +59,12 @@ inline std::int64_t WeightOf(std::int32_t number)
 inline std::int64_t WeightOf(const Nullable& item)
 {
     return item.defined ? item.number : 1;
+}
+
+inline std::int64_t WeightOf(const PlainRecord& item)
+{
+    return item.number + item.quantity + static_cast<std::int64_t>(item.weight) + item.cents +
+           item.grade;
 }
 
 inline std::int64_t WeightOf(const StdRecord& item)
@@ -74,6 +90,12 @@ void serialize(Archive& ar, zelbench::Nullable& item, unsigned int)
 }
 
 template <typename Archive>
+void serialize(Archive& ar, zelbench::PlainRecord& item, unsigned int)
+{
+    ar& item.number& item.quantity& item.weight& item.cents& item.grade;
+}
+
+template <typename Archive>
 void serialize(Archive& ar, zelbench::StdRecord& item, unsigned int)
 {
     ar& item.number& item.text;
@@ -84,6 +106,8 @@ void serialize(Archive& ar, zelbench::StdRecord& item, unsigned int)
 // Neither versions nor the identity of objects are kept.
 BOOST_CLASS_IMPLEMENTATION(zelbench::Nullable, boost::serialization::object_serializable)
 BOOST_CLASS_TRACKING(zelbench::Nullable, boost::serialization::track_never)
+BOOST_CLASS_IMPLEMENTATION(zelbench::PlainRecord, boost::serialization::object_serializable)
+BOOST_CLASS_TRACKING(zelbench::PlainRecord, boost::serialization::track_never)
 BOOST_CLASS_IMPLEMENTATION(zelbench::StdRecord, boost::serialization::object_serializable)
 BOOST_CLASS_TRACKING(zelbench::StdRecord, boost::serialization::track_never)
 #endif
@@ -95,6 +119,12 @@ template <typename Archive>
 void serialize(Archive& ar, Nullable& item)
 {
     ar(item.defined, item.number);
+}
+
+template <typename Archive>
+void serialize(Archive& ar, PlainRecord& item)
+{
+    ar(item.number, item.quantity, item.weight, item.cents, item.grade);
 }
 
 template <typename Archive>
@@ -126,10 +156,20 @@ private:
 struct Ours {
     static void Put(CArchive& ar, std::int32_t number) { ar << number; }
     static void Put(CArchive& ar, const Nullable& item) { ar << item.defined << item.number; }
+    static void Put(CArchive& ar, const PlainRecord& item)
+    {
+        ar << item.number << item.quantity << item.weight << LONGLONG{item.cents} << item.grade;
+    }
     static void Put(CArchive& ar, const OurRecord& item) { ar << item.number << item.text; }
 
     static void Take(CArchive& ar, std::int32_t& number) { ar >> number; }
     static void Take(CArchive& ar, Nullable& item) { ar >> item.defined >> item.number; }
+    static void Take(CArchive& ar, PlainRecord& item)
+    {
+        LONGLONG cents = 0;
+        ar >> item.number >> item.quantity >> item.weight >> cents >> item.grade;
+        item.cents = cents;
+    }
     static void Take(CArchive& ar, OurRecord& item) { ar >> item.number >> item.text; }
 
     template <typename Item>
@@ -297,6 +337,20 @@ void AddNullables()
     jobs.AddPeers(items);
 }
 
+void AddPlainRecords()
+{
+    ListJobs jobs("plain");
+    Random random(57);
+    std::vector<PlainRecord> items;
+    for (const std::int32_t number : Numbers(kItems, 9, 58))
+        items.push_back({number, static_cast<std::int16_t>(Below(random, 30000)),
+                         static_cast<double>(Below(random, 1000000)) / 1000,
+                         static_cast<std::int64_t>(number) * 100 + 19,
+                         static_cast<char>('A' + Below(random, 26))});
+    jobs.Add<Ours>("ours", items);
+    jobs.AddPeers(items);
+}
+
 void AddRecords()
 {
     ListJobs jobs("records");
@@ -367,12 +421,14 @@ void AddArchiveJobs()
 {
     AddIntegers();
     AddNullables();
+    AddPlainRecords();
     AddRecords();
 
     ObjectJobs jobs;
     jobs.Add<ZelDtLong>("ours");
     jobs.Add<peers::MallocValue>("malloc");
     jobs.Add<peers::PlainValue>("plain");
+    AddArchivedObjectJobs();
 }
 
 } // namespace zelbench
