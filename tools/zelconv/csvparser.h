@@ -1,12 +1,12 @@
 #ifndef ZELDT_TOOLS_ZELCONV_CSVPARSER_H
 #define ZELDT_TOOLS_ZELCONV_CSVPARSER_H
 
-/// One row of CSV at a time, taken apart by libcsv under the strict rules of RFC 4180.
+/// One row of CSV at a time, taken apart under the strict rules of RFC 4180.
 
-#include <csv.h>
-
+#include <bit>
 #include <cstddef>
-#include <new>
+#include <cstring>
+#include <emmintrin.h>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,95 +17,131 @@ class CsvParser {
 public:
     enum class Quotes {
         Right,
-        Wrong, ///< a quote inside a cell without quotes, or behind the closing one
+        Wrong, ///< a quote inside a cell without quotes, or text behind the closing one
         Open   ///< the closing quote of the last cell is missing
     };
 
     /// Cells beyond `mostCells` are counted and not kept.
-    CsvParser(char separator, std::size_t mostCells) : m_mostCells(mostCells)
+    CsvParser(char separator, std::size_t mostCells) : m_separator(separator)
     {
-        if (csv_init(&m_parser, CSV_STRICT | CSV_STRICT_FINI) != 0)
-            throw std::bad_alloc();
-        constexpr std::size_t kGrowth = 4096;
-        csv_set_delim(&m_parser, static_cast<unsigned char>(separator));
-        csv_set_blk_size(&m_parser, kGrowth);
-        // Blanks belong to their cell, and the end of the row is where the caller says.
-        csv_set_space_func(&m_parser, &Never);
-        csv_set_term_func(&m_parser, &Never);
+        m_cells.resize(mostCells);
     }
-    ~CsvParser() { csv_free(&m_parser); }
-    CsvParser(const CsvParser&) = delete;
-    CsvParser& operator=(const CsvParser&) = delete;
 
-    /// Takes a row without its line end apart. The cells stay until the next call; there are none
-    /// unless the quotes are right.
+    /// Takes a row without its line end apart. The cells are views of it, or of the parser's own
+    /// memory where quotes were doubled; they stay until the next call or the row changes. There
+    /// are none unless the quotes are right. Blanks belong to their cell.
     Quotes Parse(std::string_view row)
     {
-        m_text.clear();
-        m_ends.clear();
         m_count = 0;
-        m_outOfMemory = false;
-        csv_parse(&m_parser, row.data(), row.size(), &OnCell, nullptr, this);
-        const int error = csv_error(&m_parser);
-        Quotes quotes = error == CSV_SUCCESS ? Quotes::Right : Quotes::Wrong;
-        if (quotes == Quotes::Right && csv_fini(&m_parser, &OnCell, nullptr, this) != 0)
-            quotes = Quotes::Open;
-        if (quotes != Quotes::Right)
-            Reset();
-        if (m_outOfMemory || error == CSV_ENOMEM || error == CSV_ETOOBIG)
-            throw std::bad_alloc();
-        if (quotes == Quotes::Right && m_count == 0)
-            Keep({}); // libcsv sees no row in an empty line
-        return quotes;
+        if (ParseUnquoted(row))
+            return Quotes::Right;
+        m_count = 0;
+        m_unquoted.clear();
+        m_unquoted.reserve(row.size()); // views of it must not move
+        for (const char* next = row.data();; ++next) {
+            std::string_view cell;
+            const Quotes quotes = TakeCell(next, row.data() + row.size(), cell);
+            if (quotes != Quotes::Right) {
+                m_count = 0;
+                return quotes;
+            }
+            Keep(cell);
+            if (next == row.data() + row.size())
+                return Quotes::Right;
+        }
     }
 
     /// Cells of the row, those not kept included.
     std::size_t GetCount() const { return m_count; }
 
     /// The text of a cell that was kept.
-    std::string_view operator[](std::size_t cell) const
-    {
-        const std::size_t begin = cell == 0 ? 0 : m_ends[cell - 1];
-        return std::string_view(m_text).substr(begin, m_ends[cell] - begin);
-    }
+    std::string_view operator[](std::size_t cell) const { return m_cells[cell]; }
 
 private:
-    static int Never(unsigned char) { return 0; }
-
-    /// Called by C code, which exceptions must not cross.
-    static void OnCell(void* text, std::size_t size, void* self) noexcept
+    void Keep(std::string_view cell)
     {
-        auto& parser = *static_cast<CsvParser*>(self);
-        try {
-            parser.Keep({static_cast<const char*>(text), size});
-        } catch (const std::bad_alloc&) {
-            parser.m_outOfMemory = true;
+        if (m_count < m_cells.size())
+            m_cells[m_count] = cell;
+        ++m_count;
+    }
+
+    /// Most rows have no quotes; false for one that has.
+    bool ParseUnquoted(std::string_view row)
+    {
+        const __m128i separators = _mm_set1_epi8(m_separator);
+        const __m128i quotes = _mm_set1_epi8('"');
+        const auto maskOf = [](__m128i equal) {
+            return static_cast<unsigned>(_mm_movemask_epi8(equal));
+        };
+        const char* cell = row.data();
+        for (std::size_t begin = 0; begin < row.size(); begin += kBlock) {
+            const __m128i bytes = LoadBlock(row.substr(begin));
+            if (maskOf(_mm_cmpeq_epi8(bytes, quotes)) != 0)
+                return false;
+            for (unsigned found = maskOf(_mm_cmpeq_epi8(bytes, separators)); found != 0;
+                 found &= found - 1) {
+                const char* const end =
+                    row.data() + begin + static_cast<std::size_t>(std::countr_zero(found));
+                Keep({cell, static_cast<std::size_t>(end - cell)});
+                cell = end + 1;
+            }
+        }
+        Keep({cell, static_cast<std::size_t>(row.data() + row.size() - cell)});
+        return true;
+    }
+
+    static constexpr std::size_t kBlock = sizeof(__m128i);
+
+    /// The first bytes of a text that is not empty; zeros where it ends.
+    static __m128i LoadBlock(std::string_view text)
+    {
+        __m128i bytes = _mm_setzero_si128();
+        if (text.size() >= kBlock)
+            std::memcpy(&bytes, text.data(), kBlock);
+        else
+            std::memcpy(&bytes, text.data(), text.size());
+        return bytes;
+    }
+
+    /// The cell at `next`, which moves to the separator or the end behind it.
+    Quotes TakeCell(const char*& next, const char* end, std::string_view& cell)
+    {
+        if (next != end && *next == '"')
+            return TakeQuoted(next, end, cell);
+        const char* const begin = next;
+        while (next != end && *next != m_separator && *next != '"')
+            ++next;
+        cell = {begin, static_cast<std::size_t>(next - begin)};
+        return next != end && *next == '"' ? Quotes::Wrong : Quotes::Right;
+    }
+
+    Quotes TakeQuoted(const char*& next, const char* end, std::string_view& cell)
+    {
+        const std::size_t first = m_unquoted.size();
+        for (bool doubled = false;; doubled = true) {
+            const std::string_view rest(next + 1, static_cast<std::size_t>(end - next - 1));
+            const std::size_t length = rest.find('"');
+            if (length == rest.npos)
+                return Quotes::Open;
+            cell = rest.substr(0, length);
+            next += length + 2;
+            const bool more = next != end && *next == '"';
+            if (more || doubled)
+                m_unquoted += cell;
+            if (more) {
+                m_unquoted += '"';
+                continue;
+            }
+            if (doubled)
+                cell = std::string_view(m_unquoted).substr(first);
+            return next == end || *next == m_separator ? Quotes::Right : Quotes::Wrong;
         }
     }
 
-    void Keep(std::string_view text)
-    {
-        if (m_count++ >= m_mostCells)
-            return;
-        m_text += text;
-        m_ends.push_back(m_text.size());
-    }
-
-    /// Ends a row that was broken off; only a lenient parser can.
-    void Reset()
-    {
-        const int options = csv_get_opts(&m_parser);
-        csv_set_opts(&m_parser, 0);
-        csv_fini(&m_parser, nullptr, nullptr, nullptr);
-        csv_set_opts(&m_parser, static_cast<unsigned char>(options));
-    }
-
-    csv_parser m_parser{};
-    std::size_t m_mostCells;
-    std::string m_text; ///< the cells, one behind the other
-    std::vector<std::size_t> m_ends;
+    char m_separator;
+    std::vector<std::string_view> m_cells;
     std::size_t m_count = 0;
-    bool m_outOfMemory = false;
+    std::string m_unquoted; ///< cells without their doubled quotes, one behind the other
 };
 
 } // namespace zelconv
