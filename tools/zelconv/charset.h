@@ -4,12 +4,34 @@
 /// Texts outside, in the charset of a file, and inside, in code page 1252. Nothing is ever
 /// replaced by a near character: what the other side lacks is reported.
 
+#include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
 namespace zelconv {
 
 enum class Charset { Utf8, Ansi1252, Oem850, Oem437 };
+
+/// Whether a text has ASCII characters only and no NUL: it is the same in every charset.
+inline bool IsPlain(std::string_view text)
+{
+    constexpr std::uint64_t kOnes = 0x0101010101010101;
+    constexpr std::uint64_t kHighBits = 0x8080808080808080;
+    // Without high bits only a zero borrows.
+    const auto isPlain = [](std::uint64_t word) {
+        return (((word - kOnes) | word) & kHighBits) == 0;
+    };
+    std::uint64_t word = 0;
+    for (; text.size() >= sizeof word; text.remove_prefix(sizeof word)) {
+        std::memcpy(&word, text.data(), sizeof word);
+        if (!isPlain(word))
+            return false;
+    }
+    word = kOnes;
+    std::memcpy(&word, text.data(), text.size());
+    return isPlain(word);
+}
 
 /// How a conversion ended. `missing` is the character that the target lacks.
 struct CharsetResult {

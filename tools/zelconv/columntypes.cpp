@@ -1,5 +1,6 @@
 #include "tools/zelconv/column.h"
 #include "tools/zelconv/textview.h"
+#include "tools/zelconv/usualtexts.h"
 
 #include <algorithm>
 #include <array>
@@ -22,9 +23,10 @@ std::unique_ptr<ZelDtBasis> Create(ZelDtWorkingMode mode)
 }
 
 template <typename Value>
-ZelDtString ToSql(const ZelDtBasis& value)
+bool AppendSql(const ZelDtBasis& value, std::string& sql)
 {
-    return static_cast<const Value&>(value).ConvToSQL();
+    sql += ViewOf(static_cast<const Value&>(value).ConvToSQL());
+    return false;
 }
 
 template <typename Value>
@@ -40,8 +42,9 @@ constexpr ColumnType TypeOf(const char* name, bool numeric, decltype(ColumnType:
     ColumnType type{};
     type.name = name;
     type.numeric = numeric;
+    type.isText = std::is_same_v<Value, ZelDtChar> || std::is_same_v<Value, ZelDtString>;
     type.create = &Create<Value>;
-    type.toSql = &ToSql<Value>;
+    type.appendSql = &AppendSql<Value>;
     type.less = less;
     return type;
 }
@@ -50,6 +53,15 @@ template <typename Value>
 constexpr ColumnType TypeOf(const char* name, bool numeric)
 {
     return TypeOf<Value>(name, numeric, &Less<Value>);
+}
+
+/// A type with short cuts for usual texts.
+constexpr ColumnType WithUsual(ColumnType type, decltype(ColumnType::readUsual) read,
+                               decltype(ColumnType::appendSql) appendSql)
+{
+    type.readUsual = read;
+    type.appendSql = appendSql;
+    return type;
 }
 
 /// Reads a text and compares. In SQL the display form stands in quotes.
@@ -88,17 +100,21 @@ std::ptrdiff_t CountDigits(std::string_view text)
 Finding FitToPlaces(ZelDtBasis& value, int places)
 {
     auto& number = static_cast<ZelDtDecimal&>(value);
+    if (number.GetPrecision() == places)
+        return {};
     number.Round(static_cast<short>(-places), ZelDtDecimal::RundungKaufmaennisch);
     const int missing = places - number.GetPrecision();
     if (missing <= 0)
         return {};
-    std::string text(ViewOf(number.ConvToSQL()));
+    std::string text;
+    AppendSqlDecimal(number, text);
     if (number.GetPrecision() == 0)
         text += '.';
     text.append(static_cast<std::size_t>(missing), '0');
     if (CountDigits(text) > kMostDigits)
         return RowError::TooManyDigits;
-    number.SetFromOFL(text.c_str(), FormatOf(TextForm::Plain));
+    if (!ReadUsualDecimal(number, text, TextForm::Plain))
+        number.SetFromOFL(text.c_str(), FormatOf(TextForm::Plain));
     return {};
 }
 
@@ -118,7 +134,7 @@ constexpr ColumnType DecimalType()
     type.mostParameter = kMostPlaces;
     type.fit = &FitToPlaces;
     type.checkTyped = &CheckDecimals;
-    return type;
+    return WithUsual(type, &ReadUsualDecimal, &AppendSqlDecimal);
 }
 
 // Double
@@ -156,7 +172,7 @@ constexpr ColumnType DoubleType()
     ColumnType type = TypeOf<ZelDtDouble>("double", true, &LessDouble);
     type.readsBack = &DoubleReadsBack;
     type.exactText = &ExactDouble;
-    return type;
+    return WithUsual(type, &ReadUsualDouble, &AppendSqlDouble);
 }
 
 // Bool and char
@@ -172,6 +188,12 @@ bool LessBool(const ZelDtBasis& a, const ZelDtBasis& b)
 }
 
 /// Archives may hold other numbers than 0 and 1, which all other forms take for 1.
+bool BoolReadsBack(const ZelDtBasis& value, TextForm, std::string_view)
+{
+    const int number = NumberOfBool(value);
+    return number == 0 || number == 1;
+}
+
 std::string ExactBool(const ZelDtBasis& value)
 {
     return std::to_string(NumberOfBool(value));
@@ -180,9 +202,9 @@ std::string ExactBool(const ZelDtBasis& value)
 constexpr ColumnType BoolType()
 {
     ColumnType type = TypeOf<ZelDtBool>("bool", false, &LessBool);
-    type.readsBack = &ReadsBack<ZelDtBool>;
+    type.readsBack = &BoolReadsBack;
     type.exactText = &ExactBool;
-    return type;
+    return WithUsual(type, &ReadUsualBool, &AppendSqlBool);
 }
 
 bool LessChar(const ZelDtBasis& a, const ZelDtBasis& b)
@@ -263,7 +285,9 @@ bool TimeReadsBack(const ZelDtBasis& value, TextForm form, std::string_view text
 
 std::string ExactTime(const ZelDtBasis& value)
 {
-    return std::string(ViewOf(ToSql<ZelDtTime>(value)));
+    std::string text;
+    AppendSql<ZelDtTime>(value, text);
+    return text;
 }
 
 constexpr ColumnType TimeType()
@@ -276,14 +300,14 @@ constexpr ColumnType TimeType()
 }
 
 constexpr std::array kTypes = {
-    TypeOf<ZelDtLong>("long", true),
-    TypeOf<ZelDtShort>("short", true),
+    WithUsual(TypeOf<ZelDtLong>("long", true), &ReadUsualLong, &AppendSqlLong),
+    WithUsual(TypeOf<ZelDtShort>("short", true), &ReadUsualShort, &AppendSqlShort),
     DecimalType(),
     DoubleType(),
     BoolType(),
-    TypeOf<ZelDtChar>("char", false, &LessChar),
-    TypeOf<ZelDtString>("string", false),
-    CalendarType<ZelDtDateTime>("datetime"),
+    WithUsual(TypeOf<ZelDtChar>("char", false, &LessChar), &ReadUsualChar, &AppendSqlChar),
+    WithUsual(TypeOf<ZelDtString>("string", false), &ReadUsualString, &AppendSqlString),
+    WithUsual(CalendarType<ZelDtDateTime>("datetime"), &ReadUsualDateTime, &AppendSqlDateTime),
     DateType(),
     TimeType(),
 };

@@ -55,6 +55,8 @@ private:
     void RejectFirstLine(RowError error);
     void CheckRow() const;
     void SetFromCell(ZelDtBasis& value, int column);
+    TextForm FormOfColumn(int column) const;
+    std::string_view TextOfCell(int column);
 
     std::string m_name;
     Charset m_charset;
@@ -71,6 +73,7 @@ private:
     std::optional<RowError> m_error;
     std::uint64_t m_lineNumber = 0; ///< of the first line of the row
     std::uint64_t m_linesGiven = 0; ///< lines that were taken into rows
+    bool m_isPlain = false;         ///< the whole row
     std::string m_cell;
 };
 
@@ -172,27 +175,45 @@ void CsvReader::CheckRow() const
         throw MakeFault(RowError::TooManyCells);
 }
 
-/// What a display format does not show, it leaves as it was; so the value is cleared first.
-void CsvReader::SetFromCell(ZelDtBasis& value, int column)
+TextForm CsvReader::FormOfColumn(int column) const
+{
+    const bool numeric = m_columns[static_cast<std::size_t>(column)].type->numeric;
+    return m_plainNumbers && numeric ? TextForm::Plain : TextForm::Display;
+}
+
+/// The cell in code page 1252, valid until the next call.
+std::string_view CsvReader::TextOfCell(int column)
 {
     const std::string_view text = m_parser[static_cast<std::size_t>(column)];
+    if (m_isPlain)
+        return text;
     if (text.find('\0') != std::string_view::npos)
         throw MakeFault(RowError::NulByte, column);
     m_cell.clear();
     DecodeCell(m_charset, text, column, m_cell);
+    return m_cell;
+}
+
+/// What a display format does not show, it leaves as it was; so the value is cleared first.
+void CsvReader::SetFromCell(ZelDtBasis& value, int column)
+{
     const ColumnType& type = *m_columns[static_cast<std::size_t>(column)].type;
-    const TextForm form = m_plainNumbers && type.numeric ? TextForm::Plain : TextForm::Display;
+    const TextForm form = FormOfColumn(column);
+    const std::string_view text = TextOfCell(column);
     ForColumn(column, [&] {
+        if (type.readUsual != nullptr && type.readUsual(value, text, form))
+            return;
         value.Clear();
-        value.SetFromOFL(m_cell.c_str(), FormatOf(form));
+        value.SetFromOFL(std::string(text).c_str(), FormatOf(form));
         if (type.checkTyped != nullptr && value.IsDefined())
-            Refuse(type.checkTyped(value, form, m_cell), column);
+            Refuse(type.checkTyped(value, form, text), column);
     });
 }
 
 void CsvReader::Fill(Row& row)
 {
     CheckRow();
+    m_isPlain = IsPlain(m_raw);
     for (int column = 0; column < row.GetCount(); ++column)
         SetFromCell(row[column], column);
 }

@@ -1,5 +1,4 @@
 #include "tools/zelconv/charset.h"
-#include "tools/zelconv/textview.h"
 #include "tools/zelconv/writer.h"
 
 #include <algorithm>
@@ -69,9 +68,12 @@ public:
     void Encode(const Row& row, std::string& record) override;
 
 private:
+    void EncodeFrom(std::string& record, std::size_t begin, int column);
+
     const Columns& m_columns;
     Charset m_charset;
     std::string m_beginning; ///< of every statement, up to the values
+    std::string m_text;      ///< of a value
 };
 
 void SqlWriter::Encode(const Row& row, std::string& record)
@@ -81,13 +83,30 @@ void SqlWriter::Encode(const Row& row, std::string& record)
         if (column != 0)
             record += ", ";
         const ColumnType& type = *m_columns[static_cast<std::size_t>(column)].type;
-        const ZelDtString text = ForColumn(column, [&] { return type.toSql(row[column]); });
-        RequireReadsBack(type, row[column], TextForm::Sql, ViewOf(text), column);
-        if (ViewOf(text).find('\0') != std::string_view::npos)
-            throw MakeFault(RowError::NulByte, column);
-        EncodeCell(m_charset, ViewOf(text), column, record);
+        if (!row[column].IsDefined()) {
+            record += "NULL";
+            continue;
+        }
+        const std::size_t begin = record.size();
+        const bool readsBack =
+            ForColumn(column, [&] { return type.appendSql(row[column], record); });
+        const std::string_view text = std::string_view(record).substr(begin);
+        if (!readsBack)
+            RequireReadsBack(type, row[column], TextForm::Sql, text, column);
+        if (type.isText && !IsPlain(text))
+            EncodeFrom(record, begin, column);
     }
     record += ");\n";
+}
+
+/// Brings the end of the record, a value in code page 1252, into the charset of the output.
+void SqlWriter::EncodeFrom(std::string& record, std::size_t begin, int column)
+{
+    m_text.assign(record, begin);
+    record.resize(begin);
+    if (m_text.find('\0') != std::string::npos)
+        throw MakeFault(RowError::NulByte, column);
+    EncodeCell(m_charset, m_text, column, record);
 }
 
 } // namespace
