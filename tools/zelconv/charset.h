@@ -4,6 +4,7 @@
 /// Texts outside, in the charset of a file, and inside, in code page 1252. Nothing is ever
 /// replaced by a near character: what the other side lacks is reported.
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -22,15 +23,21 @@ inline bool IsPlain(std::string_view text)
     const auto isPlain = [](std::uint64_t word) {
         return (((word - kOnes) | word) & kHighBits) == 0;
     };
-    std::uint64_t word = 0;
-    for (; text.size() >= sizeof word; text.remove_prefix(sizeof word)) {
-        std::memcpy(&word, text.data(), sizeof word);
-        if (!isPlain(word))
+    const auto wordAt = [text](std::size_t position) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, text.data() + position, sizeof word);
+        return word;
+    };
+    constexpr std::size_t kStep = sizeof(std::uint64_t);
+    if (text.size() < kStep)
+        return std::all_of(text.begin(), text.end(), [](char c) {
+            return c != '\0' && static_cast<unsigned char>(c) < 0x80;
+        });
+    for (std::size_t i = 0; i + kStep < text.size(); i += kStep) {
+        if (!isPlain(wordAt(i)))
             return false;
     }
-    word = kOnes;
-    std::memcpy(&word, text.data(), text.size());
-    return isPlain(word);
+    return isPlain(wordAt(text.size() - kStep));
 }
 
 /// How a conversion ended. `missing` is the character that the target lacks.

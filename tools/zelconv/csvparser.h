@@ -75,11 +75,11 @@ private:
         };
         const char* cell = row.data();
         for (std::size_t begin = 0; begin < row.size(); begin += kBlock) {
-            const __m128i bytes = LoadBlock(row.substr(begin));
-            if (maskOf(_mm_cmpeq_epi8(bytes, quotes)) != 0)
+            const Block block = BlockAt(row, begin);
+            if (maskOf(_mm_cmpeq_epi8(block.bytes, quotes)) != 0)
                 return false;
-            for (unsigned found = maskOf(_mm_cmpeq_epi8(bytes, separators)); found != 0;
-                 found &= found - 1) {
+            unsigned found = maskOf(_mm_cmpeq_epi8(block.bytes, separators)) >> block.before;
+            for (; found != 0; found &= found - 1) {
                 const char* const end =
                     row.data() + begin + static_cast<std::size_t>(std::countr_zero(found));
                 Keep({cell, static_cast<std::size_t>(end - cell)});
@@ -92,15 +92,24 @@ private:
 
     static constexpr std::size_t kBlock = sizeof(__m128i);
 
-    /// The first bytes of a text that is not empty; zeros where it ends.
-    static __m128i LoadBlock(std::string_view text)
+    struct Block {
+        __m128i bytes;
+        unsigned before; ///< bytes in it that stand before the place asked for
+    };
+
+    /// The last block of a row begins early enough to be a whole one; a row that is shorter is
+    /// filled up with zeros.
+    static Block BlockAt(std::string_view row, std::size_t begin)
     {
-        __m128i bytes = _mm_setzero_si128();
-        if (text.size() >= kBlock)
-            std::memcpy(&bytes, text.data(), kBlock);
-        else
-            std::memcpy(&bytes, text.data(), text.size());
-        return bytes;
+        Block block{_mm_setzero_si128(), 0};
+        if (row.size() < kBlock) {
+            std::memcpy(&block.bytes, row.data(), row.size());
+            return block;
+        }
+        const std::size_t last = row.size() - kBlock;
+        block.before = static_cast<unsigned>(begin > last ? begin - last : 0);
+        std::memcpy(&block.bytes, row.data() + begin - block.before, kBlock);
+        return block;
     }
 
     /// The cell at `next`, which moves to the separator or the end behind it.
