@@ -4,13 +4,16 @@
 #include "platform/decimals/arithmetic.h"
 #include "platform/decimals/binary.h"
 #include "platform/decimals/decimaltext.h"
+#include "platform/decimals/digitwords.h"
 
+#include <algorithm>
+#include <array>
 #include <atomic>
 #include <bit>
 #include <cstddef>
 #include <cstdlib>
 #include <cstring>
-#include <emmintrin.h>
+#include <functional>
 #include <limits>
 
 using zeldec::int128;
@@ -18,90 +21,44 @@ using zeldec::Number;
 using zeldec::Status;
 using zeldec::uint128;
 
-/// The words of a number as the core takes them. Most numbers fit 64 bits: these have ways of their
-/// own, written here so that nothing stands between a call and its few instructions. Words are
-/// written as wide as they are read again, or the processor would have to wait for them.
-struct RWDecimal96Access {
-    static_assert(std::endian::native == std::endian::little);
+static_assert(std::endian::native == std::endian::little, "as the words of numbers are read");
 
-    static bool IsNull(const RWDecimal96& a, const RWDecimal96& b)
-    {
-        return (a.m_state | b.m_state) != RWDecimalBase::NormalState;
-    }
+namespace {
 
-    static std::int32_t Places(const RWDecimal96& number) { return number.m_exponent; }
-
-    /// The low 64 bits of the mantissa.
-    static std::uint64_t LowWords(const RWDecimal96& number)
-    {
-        std::uint64_t words = 0;
-        const auto* const bytes = reinterpret_cast<const char*>(&number.m_mantissa);
-        std::memcpy(&words, bytes + offsetof(int96, middle), sizeof words);
-        return std::rotl(words, 32);
-    }
-
-    /// The mantissa; meaningful if it fits 64 bits.
-    static std::int64_t Short(const RWDecimal96& number)
-    {
-        return static_cast<std::int64_t>(LowWords(number));
-    }
-
-    static bool IsShort(const RWDecimal96& number)
-    {
-        return number.m_mantissa.high == Short(number) >> 63;
-    }
-
-    static bool IsNegative(const RWDecimal96& number) { return number.m_mantissa.high < 0; }
+/// The words of a number as the core takes them.
+struct Access : RWDecimal96Access {
+    static bool IsNegative(const RWDecimal96& number) { return HighWord(number) < 0; }
 
     static int128 Mantissa(const RWDecimal96& number)
     {
-        return static_cast<int128>(zeldec::Joined(
-            static_cast<std::uint64_t>(std::int64_t{number.m_mantissa.high}), LowWords(number)));
+        return static_cast<int128>(
+            zeldec::Joined(static_cast<std::uint64_t>(std::int64_t{HighWord(number)}),
+                           static_cast<std::uint64_t>(LowWords(number))));
+    }
+
+    static uint128 Magnitude(const RWDecimal96& number)
+    {
+        const int128 mantissa = Mantissa(number);
+        return static_cast<uint128>(zeldec::WithSign(mantissa, zeldec::SignOf(mantissa)));
     }
 
     static Number Load(const RWDecimal96& number)
     {
-        const auto mantissa = static_cast<uint128>(Mantissa(number));
-        const bool negative = IsNegative(number);
-        return {negative ? -mantissa : mantissa, number.m_exponent, negative};
+        return {Magnitude(number), Places(number), IsNegative(number)};
     }
 
-    static RWDecimal96 MakeShort(std::int64_t mantissa, std::int32_t places)
+    static RWDecimal96 FromMantissa(int128 mantissa, std::int64_t places)
     {
-        return Make(static_cast<std::uint64_t>(mantissa),
-                    static_cast<std::uint32_t>(mantissa >> 63), places);
+        return Make(static_cast<std::int32_t>(mantissa >> 64), static_cast<std::int64_t>(mantissa),
+                    static_cast<std::int32_t>(places));
     }
 
-    static RWDecimal96 Make(int128 mantissa, std::int32_t places)
-    {
-        const auto bits = static_cast<uint128>(mantissa);
-        return Make(zeldec::LowHalf(bits), static_cast<std::uint32_t>(zeldec::HighHalf(bits)),
-                    places);
-    }
-
-    static RWDecimal96 Make(const Number& number)
+    static RWDecimal96 From(const Number& number)
     {
         const auto magnitude = static_cast<int128>(number.magnitude);
-        return Make(number.negative ? -magnitude : magnitude,
-                    static_cast<std::int32_t>(number.places));
-    }
-
-private:
-    static RWDecimal96 Make(std::uint64_t low, std::uint32_t high, std::int32_t places)
-    {
-        const std::uint64_t stateAndHigh = std::uint64_t{high} << 32 | RWDecimalBase::NormalState;
-        const __m128i words = _mm_set_epi64x(static_cast<long long>(std::rotl(low, 32)),
-                                             static_cast<long long>(stateAndHigh));
-        RWDecimal96 number;
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(&number), words);
-        number.m_exponent = places;
-        return number;
+        return FromMantissa(zeldec::WithSign(magnitude, -int128{number.negative}), number.places);
     }
 };
-
-namespace {
-
-using Access = RWDecimal96Access;
 
 std::atomic<RWDecimal96OverflowHandler> overflowHandler{nullptr};
 std::atomic<RWDecimal96InexactHandler> inexactHandler{nullptr};
@@ -125,12 +82,16 @@ Handler Exchange(std::atomic<Handler>& current, Handler handler)
     throw error;
 }
 
-void TellInexact()
+[[gnu::cold, gnu::noinline]] void CallHandler(RWDecimal96InexactHandler handler)
 {
-    if (const auto handler = inexactHandler.load(std::memory_order_relaxed)) {
-        RWDecimal96InexactErr error("the result was rounded");
-        handler(error);
-    }
+    RWDecimal96InexactErr error("the result was rounded");
+    handler(error);
+}
+
+inline void TellInexact()
+{
+    if (const auto handler = inexactHandler.load(std::memory_order_relaxed))
+        CallHandler(handler);
 }
 
 /// What the status means to a caller.
@@ -156,119 +117,143 @@ RWDecimal96 Computed(Operation operation, const Operands&... operands)
 {
     Number result = {0, 0, false};
     Settle(operation(operands..., result));
-    return Access::Make(result);
+    return Access::From(result);
 }
 
-/// An operation of the core on two numbers, out of the way of the short ones.
+/// An operation of the core on two numbers, out of the way of the quick ones.
 template <Status (*operation)(const Number&, const Number&, Number&)>
-[[gnu::noinline]] RWDecimal96 ComputedLong(const RWDecimal96& a, const RWDecimal96& b)
+[[gnu::noinline]] RWDecimal96 ComputedOf(const RWDecimal96& a, const RWDecimal96& b)
 {
-    if (Access::IsNull(a, b))
+    if (a.isNull() || b.isNull())
         return {};
     return Computed(operation, Access::Load(a), Access::Load(b));
 }
 
-/// Whether results may have so many places.
-bool MayHave(std::int32_t places)
+/// How many places more the left number has.
+std::int64_t DistanceOf(const RWDecimal96& a, const RWDecimal96& b)
 {
-    return static_cast<std::uint32_t>(places) <= std::uint32_t{zeldec::kMostPlaces};
+    return std::int64_t{Access::Places(a)} - Access::Places(b);
 }
 
-/// Whether a mantissa has no more digits than results may have.
-bool IsFit(int128 mantissa)
-{
-    constexpr auto kLargest = static_cast<int128>(zeldec::kLargestMagnitude);
-    return mantissa >= -kLargest && mantissa <= kLargest;
-}
+/// For each power of ten up to 10^18 the highest word of the greatest mantissas that have 127 bits
+/// with so many zeros more, and room for another mantissa.
+constexpr auto kHighestWords = [] {
+    std::array<std::int64_t, RWDecimal96Long::kMostZeros + 1> words{};
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        const uint128 greatest = ((uint128{1} << 127) - (uint128{1} << 96)) / zeldec::kPowers64[i];
+        words[i] = static_cast<std::int64_t>(greatest >> 64) - 1;
+    }
+    return words;
+}();
 
-bool AreShort(const RWDecimal96& a, const RWDecimal96& b)
-{
-    return !Access::IsNull(a, b) && Access::IsShort(a) && Access::IsShort(b);
-}
-
-/// Powers of ten with so many zeros fit 64 bits with a sign.
-constexpr int kShortDigits = 18;
-
-/// The mantissas of two numbers at the same places.
-struct Aligned {
+/// The mantissas of two numbers at the same number of places, with 128 bits.
+struct AlignedWide {
     int128 a;
     int128 b;
-    std::int32_t places;
+    std::int64_t places;
+
+    /// False if one is null, or if they are too far apart or too long.
+    bool Take(const RWDecimal96& left, const RWDecimal96& right)
+    {
+        using Long = RWDecimal96Long;
+        const std::int64_t distance = DistanceOf(left, right);
+        if (left.isNull() || right.isNull() || std::abs(distance) > Long::kMostZeros)
+            return false;
+        // Both are multiplied, one of them with 1: no branch depends on which has fewer places.
+        const std::int64_t scaleOfA = std::max<std::int64_t>(-distance, 0);
+        const std::int64_t scaleOfB = std::max<std::int64_t>(distance, 0);
+        if (!HasRoom(left, scaleOfA) || !HasRoom(right, scaleOfB))
+            return false;
+        a = Access::Mantissa(left) * zeldec::kPowers64[static_cast<std::size_t>(scaleOfA)];
+        b = Access::Mantissa(right) * zeldec::kPowers64[static_cast<std::size_t>(scaleOfB)];
+        places = Access::Places(left) + scaleOfA;
+        return true;
+    }
+
+private:
+    static bool HasRoom(const RWDecimal96& number, std::int64_t scale)
+    {
+        const std::int32_t high = Access::HighWord(number);
+        return (high ^ high >> 31) <= kHighestWords[static_cast<std::size_t>(scale)];
+    }
 };
 
-/// Brings two numbers to the larger number of places; false if that may take more than 128 bits.
-[[gnu::always_inline]] inline bool Align(const RWDecimal96& a, const RWDecimal96& b,
-                                         Aligned& aligned)
+/// Sums of up to 127 bits, rounded if need be; false if it takes more.
+template <typename Kind>
+[[gnu::always_inline]] inline bool SumNarrow(const RWDecimal96& a, const RWDecimal96& b,
+                                             RWDecimal96& result)
 {
-    aligned = {Access::Mantissa(a), Access::Mantissa(b), Access::Places(a)};
-    const std::int64_t gap = std::int64_t{Access::Places(a)} - Access::Places(b);
-    if (gap == 0)
-        return true;
-    const bool isFiner = gap > 0;
-    const auto distance = static_cast<std::size_t>(isFiner ? gap : -gap);
-    if (distance > kShortDigits || !Access::IsShort(isFiner ? b : a))
+    AlignedWide aligned;
+    if (!aligned.Take(a, b))
         return false;
-    (isFiner ? aligned.b : aligned.a) *= zeldec::kPowers64[distance];
-    aligned.places = isFiner ? Access::Places(a) : Access::Places(b);
+    const int128 sum = Kind()(aligned.a, aligned.b);
+    const int128 sign = zeldec::SignOf(sum);
+    auto magnitude = static_cast<uint128>(zeldec::WithSign(sum, sign));
+    bool inexact = false;
+    if (!zeldec::FitNarrow(magnitude, aligned.places, inexact))
+        return false;
+    if (inexact)
+        TellInexact();
+    result = Access::FromMantissa(zeldec::WithSign(static_cast<int128>(magnitude), sign),
+                                  aligned.places);
     return true;
 }
 
-struct Plus {
-    static bool Wraps(std::int64_t a, std::int64_t b, std::int64_t& sum)
-    {
-        return __builtin_add_overflow(a, b, &sum);
-    }
-    static int128 Of(int128 a, int128 b) { return a + b; }
-    static bool IsNegative(const Number& right) { return right.negative; }
-};
-
-struct Minus {
-    static bool Wraps(std::int64_t a, std::int64_t b, std::int64_t& difference)
-    {
-        return __builtin_sub_overflow(a, b, &difference);
-    }
-    static int128 Of(int128 a, int128 b) { return a - b; }
-    static bool IsNegative(const Number& right) { return !right.negative; }
-};
-
-template <typename Kind>
-[[gnu::noinline]] RWDecimal96 SumLong(const RWDecimal96& a, const RWDecimal96& b)
+std::uint64_t Magnitude(std::int64_t mantissa)
 {
-    if (Access::IsNull(a, b))
+    const auto bits = static_cast<std::uint64_t>(mantissa);
+    return mantissa < 0 ? -bits : bits;
+}
+
+/// Reads any text; null if it is no number.
+[[gnu::noinline]] RWDecimal96 ReadLong(const zeldec::Unsigned& source)
+{
+    int128 mantissa = 0;
+    int places = 0;
+    if (zeldec::TakeLong(source, mantissa, places))
+        return Access::FromMantissa(mantissa, places);
+    const zeldec::Parsed parsed = zeldec::Parse(source);
+    switch (parsed.status) {
+    case zeldec::ParseStatus::Ok:
+        break;
+    case zeldec::ParseStatus::Inexact:
+        TellInexact();
+        break;
+    case zeldec::ParseStatus::Overflow:
+        Settle(Status::Overflow);
+        break;
+    case zeldec::ParseStatus::NoNumber:
         return {};
-    Aligned aligned{};
-    if (Align(a, b, aligned) && MayHave(aligned.places)) {
-        const int128 sum = Kind::Of(aligned.a, aligned.b);
-        if (IsFit(sum))
-            return Access::Make(sum, aligned.places);
     }
-    Number right = Access::Load(b);
-    right.negative = Kind::IsNegative(right);
-    return Computed(zeldec::Add, Access::Load(a), right);
+    return Access::From(parsed.number);
 }
 
-template <typename Kind>
-[[gnu::always_inline]] inline RWDecimal96 SumOf(const RWDecimal96& a, const RWDecimal96& b)
+[[gnu::noinline]] std::size_t PrintLong(const RWDecimal96& number, char* buffer, std::size_t room)
 {
-    std::int64_t sum = 0;
-    if (Access::Places(a) == Access::Places(b) && MayHave(Access::Places(a)) && AreShort(a, b) &&
-        !Kind::Wraps(Access::Short(a), Access::Short(b), sum))
-        return Access::MakeShort(sum, Access::Places(a));
-    return SumLong<Kind>(a, b);
+    if (!number.isNull())
+        return zeldec::Print(Access::Load(number), buffer, room);
+    if (room != 0)
+        buffer[0] = '\0';
+    return 0;
 }
 
-[[gnu::noinline]] int OrderLong(const RWDecimal96& a, const RWDecimal96& b)
+[[gnu::always_inline]] inline RWDecimal96 QuotientOf(const RWDecimal96& a, const RWDecimal96& b,
+                                                     const zeldec::Quotient& quotient)
 {
-    return zeldec::Compare(Access::Load(a), Access::Load(b));
+    if (quotient.inexact)
+        TellInexact();
+    const int128 sign = zeldec::SignOf(Access::Mantissa(a) ^ Access::Mantissa(b));
+    return Access::FromMantissa(zeldec::WithSign(static_cast<int128>(quotient.magnitude), sign),
+                                quotient.places);
 }
 
-/// Negative, 0 or positive; the numbers must not be null.
-[[gnu::always_inline]] inline int Order(const RWDecimal96& a, const RWDecimal96& b)
+[[gnu::noinline]] RWDecimal96 DividedLong(const RWDecimal96& a, const RWDecimal96& b)
 {
-    Aligned aligned{};
-    if (Align(a, b, aligned))
-        return (aligned.a > aligned.b) - (aligned.a < aligned.b);
-    return OrderLong(a, b);
+    zeldec::Quotient quotient;
+    if (!a.isNull() && !b.isNull() &&
+        zeldec::DivideLong(Access::Load(a), Access::Load(b), quotient))
+        return QuotientOf(a, b, quotient);
+    return ComputedOf<zeldec::Divide>(a, b);
 }
 
 zeldec::Rounding RoundingOf(RWDecimalBase::RoundingMethod method)
@@ -287,7 +272,7 @@ zeldec::Rounding RoundingOf(RWDecimalBase::RoundingMethod method)
 RWDecimal96 RoundedShort(const RWDecimal96& number, int drop, RWDecimalBase::RoundingMethod method)
 {
     const auto power = static_cast<std::int64_t>(zeldec::kPowers64[static_cast<std::size_t>(drop)]);
-    const std::int64_t mantissa = Access::Short(number);
+    const std::int64_t mantissa = Access::LowWords(number);
     const std::int64_t rest = std::abs(mantissa % power);
     const bool away = method == RWDecimalBase::RoundTowardZero     ? false
                       : method == RWDecimalBase::RoundAwayFromZero ? rest != 0
@@ -297,6 +282,17 @@ RWDecimal96 RoundedShort(const RWDecimal96& number, int drop, RWDecimalBase::Rou
 }
 
 } // namespace
+
+// Scaling
+
+// clang-format off
+const std::int64_t RWDecimal96Long::kFactors[] = {
+    1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1,
+    10, 100, 1'000, 10'000, 100'000, 1'000'000, 10'000'000, 100'000'000, 1'000'000'000,
+    10'000'000'000, 100'000'000'000, 1'000'000'000'000, 10'000'000'000'000, 100'000'000'000'000,
+    1'000'000'000'000'000, 10'000'000'000'000'000, 100'000'000'000'000'000,
+    1'000'000'000'000'000'000};
+// clang-format on
 
 // Errors and handlers
 
@@ -332,20 +328,13 @@ RWDecimal96::RWDecimal96(const char* text)
 
 RWDecimal96::RWDecimal96(const char* text, std::size_t length) : RWDecimal96()
 {
-    Number number = {0, 0, false};
-    switch (zeldec::Parse(text, text + length, number)) {
-    case zeldec::ParseStatus::Ok:
-        break;
-    case zeldec::ParseStatus::Inexact:
-        TellInexact();
-        break;
-    case zeldec::ParseStatus::Overflow:
-        Settle(Status::Overflow);
-        break;
-    case zeldec::ParseStatus::NoNumber:
-        return;
-    }
-    *this = Access::Make(number);
+    const zeldec::Unsigned source(text, length);
+    std::int64_t mantissa = 0;
+    int places = 0;
+    if (zeldec::TakeShort(source, mantissa, places))
+        *this = Access::MakeShort(mantissa, places);
+    else
+        *this = ReadLong(source);
 }
 
 RWDecimal96 RWDecimal96::from(double number)
@@ -355,35 +344,37 @@ RWDecimal96 RWDecimal96::from(double number)
 
 // Arithmetic
 
-RWDecimal96 operator+(const RWDecimal96& a, const RWDecimal96& b)
+RWDecimal96 RWDecimal96Long::Sum(const RWDecimal96& a, const RWDecimal96& b)
 {
-    return SumOf<Plus>(a, b);
+    RWDecimal96 sum;
+    return SumNarrow<std::plus<>>(a, b, sum) ? sum : ComputedOf<zeldec::Add>(a, b);
 }
 
-RWDecimal96 operator-(const RWDecimal96& a, const RWDecimal96& b)
+RWDecimal96 RWDecimal96Long::Difference(const RWDecimal96& a, const RWDecimal96& b)
 {
-    return SumOf<Minus>(a, b);
+    RWDecimal96 difference;
+    return SumNarrow<std::minus<>>(a, b, difference) ? difference
+                                                     : ComputedOf<zeldec::Subtract>(a, b);
 }
 
-RWDecimal96 operator*(const RWDecimal96& a, const RWDecimal96& b)
+RWDecimal96 RWDecimal96Long::Product(const RWDecimal96& a, const RWDecimal96& b)
 {
-    std::int64_t product = 0;
-    if (AreShort(a, b) && !__builtin_mul_overflow(Access::Short(a), Access::Short(b), &product)) {
-        const std::int64_t places = std::int64_t{Access::Places(a)} + Access::Places(b);
-        if (places >= 0 && places <= zeldec::kMostPlaces)
-            return Access::MakeShort(product, static_cast<std::int32_t>(places));
-    }
-    return ComputedLong<zeldec::Multiply>(a, b);
+    return ComputedOf<zeldec::Multiply>(a, b);
 }
 
 RWDecimal96 operator/(const RWDecimal96& a, const RWDecimal96& b)
 {
-    return ComputedLong<zeldec::Divide>(a, b);
+    zeldec::Quotient quotient;
+    if (Access::AreShort(a, b) &&
+        zeldec::DivideShort(Magnitude(Access::LowWords(a)), Magnitude(Access::LowWords(b)),
+                            DistanceOf(a, b), quotient))
+        return QuotientOf(a, b, quotient);
+    return DividedLong(a, b);
 }
 
 RWDecimal96 operator%(const RWDecimal96& a, const RWDecimal96& b)
 {
-    return ComputedLong<zeldec::Remainder>(a, b);
+    return ComputedOf<zeldec::Remainder>(a, b);
 }
 
 RWDecimal96 pow(const RWDecimal96& base, int exponent)
@@ -404,7 +395,7 @@ RWDecimal96 abs(const RWDecimal96& number)
         return Computed(zeldec::Fit,
                         zeldec::Exact{zeldec::ToWide(positive.magnitude), positive.places, false},
                         zeldec::kMostPlaces);
-    return Access::Make(positive);
+    return Access::From(positive);
 }
 
 RWDecimal96 round(const RWDecimal96& number, int places, RWDecimalBase::RoundingMethod method)
@@ -412,41 +403,19 @@ RWDecimal96 round(const RWDecimal96& number, int places, RWDecimalBase::Rounding
     if (number.isNull() || places >= Access::Places(number))
         return number;
     const std::int64_t drop = std::int64_t{Access::Places(number)} - places;
-    if (MayHave(places) && drop <= kShortDigits && Access::IsShort(number))
+    if (Access::MayHave(places) && drop <= zeldec::kLargestShortDivisor && Access::IsShort(number))
         return RoundedShort(number, static_cast<int>(drop), method);
     return Computed(zeldec::Round, Access::Load(number), places, RoundingOf(method));
 }
 
 // Comparison
 
-int operator==(const RWDecimal96& a, const RWDecimal96& b)
+RWDecimal96Long::Order RWDecimal96Long::Compare(const RWDecimal96& a, const RWDecimal96& b)
 {
-    return !Access::IsNull(a, b) && Order(a, b) == 0;
-}
-
-int operator!=(const RWDecimal96& a, const RWDecimal96& b)
-{
-    return Access::IsNull(a, b) || Order(a, b) != 0;
-}
-
-int operator<(const RWDecimal96& a, const RWDecimal96& b)
-{
-    return !Access::IsNull(a, b) && Order(a, b) < 0;
-}
-
-int operator>(const RWDecimal96& a, const RWDecimal96& b)
-{
-    return !Access::IsNull(a, b) && Order(a, b) > 0;
-}
-
-int operator<=(const RWDecimal96& a, const RWDecimal96& b)
-{
-    return !Access::IsNull(a, b) && Order(a, b) <= 0;
-}
-
-int operator>=(const RWDecimal96& a, const RWDecimal96& b)
-{
-    return !Access::IsNull(a, b) && Order(a, b) >= 0;
+    if (a.isNull() || b.isNull())
+        return Unordered;
+    const int order = zeldec::Compare(Access::Load(a), Access::Load(b));
+    return order < 0 ? Less : order > 0 ? Greater : Equal;
 }
 
 // Conversions
@@ -464,11 +433,14 @@ long double toDouble(const RWDecimal96& number)
 
 std::size_t RWDecimal96::print(char* buffer, std::size_t room) const
 {
-    if (!isNull())
-        return zeldec::Print(Access::Load(*this), buffer, room);
-    if (room != 0)
-        buffer[0] = '\0';
-    return 0;
+    if (room >= zeldec::kRoomForShort && Access::IsShort(*this) && Access::MayHave(m_exponent)) {
+        const std::int64_t mantissa = Access::LowWords(*this);
+        const std::size_t length =
+            zeldec::PrintShort(Magnitude(mantissa), mantissa < 0, m_exponent, buffer);
+        if (length != 0)
+            return length;
+    }
+    return PrintLong(*this, buffer, room);
 }
 
 RWCString toString(const RWDecimal96& number)

@@ -138,10 +138,10 @@ protected:
 static_assert(sizeof(RWDecimal96) == 20, "five words, as others read them");
 
 /// Exact at the larger number of places, then rounded if need be.
-ZELRW_API RWDecimal96 operator+(const RWDecimal96& a, const RWDecimal96& b);
-ZELRW_API RWDecimal96 operator-(const RWDecimal96& a, const RWDecimal96& b);
+ZELRW_INLINE RWDecimal96 operator+(const RWDecimal96& a, const RWDecimal96& b);
+ZELRW_INLINE RWDecimal96 operator-(const RWDecimal96& a, const RWDecimal96& b);
 /// Exact, with the places of both, then rounded if need be.
-ZELRW_API RWDecimal96 operator*(const RWDecimal96& a, const RWDecimal96& b);
+ZELRW_INLINE RWDecimal96 operator*(const RWDecimal96& a, const RWDecimal96& b);
 /// The exact quotient with the fewest places, but not fewer than `a` has more than `b`; where none
 /// exists, as many digits as a result may have, rounded.
 ZELRW_API RWDecimal96 operator/(const RWDecimal96& a, const RWDecimal96& b);
@@ -150,12 +150,12 @@ ZELRW_API RWDecimal96 operator/(const RWDecimal96& a, const RWDecimal96& b);
 ZELRW_API RWDecimal96 operator%(const RWDecimal96& a, const RWDecimal96& b);
 
 /// By value: 1.5 equals 1.50. Exact.
-ZELRW_API int operator==(const RWDecimal96& a, const RWDecimal96& b);
-ZELRW_API int operator!=(const RWDecimal96& a, const RWDecimal96& b);
-ZELRW_API int operator<(const RWDecimal96& a, const RWDecimal96& b);
-ZELRW_API int operator>(const RWDecimal96& a, const RWDecimal96& b);
-ZELRW_API int operator<=(const RWDecimal96& a, const RWDecimal96& b);
-ZELRW_API int operator>=(const RWDecimal96& a, const RWDecimal96& b);
+ZELRW_INLINE int operator==(const RWDecimal96& a, const RWDecimal96& b);
+ZELRW_INLINE int operator!=(const RWDecimal96& a, const RWDecimal96& b);
+ZELRW_INLINE int operator<(const RWDecimal96& a, const RWDecimal96& b);
+ZELRW_INLINE int operator>(const RWDecimal96& a, const RWDecimal96& b);
+ZELRW_INLINE int operator<=(const RWDecimal96& a, const RWDecimal96& b);
+ZELRW_INLINE int operator>=(const RWDecimal96& a, const RWDecimal96& b);
 
 /// `base` multiplied `exponent` times, by squaring, each product rounded as products are; a
 /// negative exponent gives the reciprocal. Anything to the power of 0 is 1.
@@ -185,5 +185,7 @@ public:
     RWDecimal96Init(const RWDecimal96Init&) = delete;
     RWDecimal96Init& operator=(const RWDecimal96Init&) = delete;
 };
+
+#include "RWDecimal96Short.h"
 
 #endif

@@ -72,6 +72,11 @@ Status Add(const Number& a, const Number& b, Number& result)
     return Fit(SumOf(fine, coarse), kMostPlaces, result);
 }
 
+Status Subtract(const Number& a, const Number& b, Number& result)
+{
+    return Add(a, {b.magnitude, b.places, !b.negative}, result);
+}
+
 Status Multiply(const Number& a, const Number& b, Number& result)
 {
     return Fit({Product(a.magnitude, b.magnitude), a.places + b.places, a.negative != b.negative},

@@ -11,8 +11,22 @@
 namespace zeldec {
 
 Status Add(const Number& a, const Number& b, Number& result);
+Status Subtract(const Number& a, const Number& b, Number& result);
 Status Multiply(const Number& a, const Number& b, Number& result);
 Status Divide(const Number& a, const Number& b, Number& result);
+
+struct Quotient {
+    uint128 magnitude;
+    std::int64_t places;
+    bool inexact;
+};
+
+/// Quick ways for the quotients that people compute; false, with nothing said about the result,
+/// where Divide has to be asked. The short one takes magnitudes, the first with `difference` places
+/// more than the second, the long one divisors of more than 64 bits where the quotient is rounded.
+bool DivideShort(std::uint64_t a, std::uint64_t b, std::int64_t difference, Quotient& result);
+bool DivideLong(const Number& a, const Number& b, Quotient& result);
+
 Status Remainder(const Number& a, const Number& b, Number& result);
 
 /// `base` to the power of `exponent`, by repeated squaring of fitted products.

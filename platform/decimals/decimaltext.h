@@ -3,7 +3,7 @@
 
 /// Decimal numbers as texts. Private to the library.
 
-#include "platform/decimals/fitting.h"
+#include "platform/decimals/digitwords.h"
 
 #include <cstddef>
 
@@ -16,8 +16,13 @@ enum class ParseStatus {
     NoNumber, ///< something else than an optional sign, digits and an optional point
 };
 
-/// Reads [`first`, `last`). `result` is set when the status is Ok or Inexact.
-ParseStatus Parse(const char* first, const char* last, Number& result);
+struct Parsed {
+    ParseStatus status = ParseStatus::NoNumber;
+    Number number = {0, 0, false}; ///< when the status is Ok or Inexact
+};
+
+/// Reads any text: of more digits than a number may have the first ones, rounded by the next.
+Parsed Parse(const Unsigned& source);
 
 /// Writes the text of a number and a NUL into `room` bytes and returns its length. What else lies
 /// in the room may be overwritten. A text without room is not written.

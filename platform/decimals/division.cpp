@@ -11,6 +11,35 @@ struct QuotientStep {
     uint128 remainder;
 };
 
+/// Divides `high` and, behind it, `low` by a normalised divisor of 128 bits, which is above
+/// `high`: an estimate from the upper words, then at most two corrections.
+inline QuotientStep DivideStep(uint128 high, std::uint64_t low, uint128 divisor)
+{
+    const std::uint64_t top = HighHalf(divisor);
+    std::uint64_t quotient = ~std::uint64_t{0};
+    uint128 rest = uint128{LowHalf(high)} + top;
+    if (HighHalf(high) < top) {
+        const Quotient64 estimate = Divided(HighHalf(high), LowHalf(high), top);
+        quotient = estimate.quotient;
+        rest = estimate.remainder;
+    }
+    const uint128 product = uint128{quotient} * LowHalf(divisor);
+    const uint128 minuend = Joined(LowHalf(rest), low);
+    uint128 remainder = minuend - product;
+    if (HighHalf(rest) == 0) {
+        // One correction is so frequent that a branch would often be guessed wrong.
+        const bool isTooLarge = minuend < product;
+        quotient -= OneIf(isTooLarge);
+        const uint128 correction = Masked(divisor, isTooLarge);
+        remainder += correction;
+        if (isTooLarge && remainder >= correction) {
+            --quotient;
+            remainder += divisor;
+        }
+    }
+    return {quotient, remainder};
+}
+
 /// A divisor of up to 96 bits, prepared for quotients of up to 64 bits.
 class Divisor {
 public:
@@ -39,9 +68,8 @@ public:
             return {Joined(high.quotient, low.quotient), low.remainder};
         }
         const Wide shifted = ShiftedLeft(dividend, m_shift);
-        const QuotientStep high =
-            DivideStep(Joined(shifted.limb[3], shifted.limb[2]), shifted.limb[1]);
-        const QuotientStep low = DivideStep(high.remainder, shifted.limb[0]);
+        const QuotientStep high = DivideStep(shifted.High(), shifted.limb[1], m_normalised);
+        const QuotientStep low = DivideStep(high.remainder, shifted.limb[0], m_normalised);
         return {Joined(high.quotient, low.quotient), low.remainder >> m_shift};
     }
 
@@ -74,30 +102,8 @@ private:
     {
         const Wide shifted = ShiftedLeft(dividend, m_shift);
         const QuotientStep step =
-            DivideStep(Joined(shifted.limb[2], shifted.limb[1]), shifted.limb[0]);
+            DivideStep(Joined(shifted.limb[2], shifted.limb[1]), shifted.limb[0], m_normalised);
         return {step.quotient, step.remainder >> m_shift};
-    }
-
-    /// Divides `high` and, behind it, `low` by the normalised divisor of 128 bits, which is above
-    /// `high`: an estimate from the upper words, then at most two corrections.
-    QuotientStep DivideStep(uint128 high, std::uint64_t low) const
-    {
-        const std::uint64_t top = HighHalf(m_normalised);
-        std::uint64_t quotient = ~std::uint64_t{0};
-        uint128 rest = uint128{LowHalf(high)} + top;
-        if (HighHalf(high) < top) {
-            const Quotient64 estimate = Divided(HighHalf(high), LowHalf(high), top);
-            quotient = estimate.quotient;
-            rest = estimate.remainder;
-        }
-        uint128 product = uint128{quotient} * LowHalf(m_normalised);
-        while (HighHalf(rest) == 0 && product > Joined(LowHalf(rest), low)) {
-            --quotient;
-            rest += top;
-            product -= LowHalf(m_normalised);
-        }
-        const uint128 remainder = Joined(LowHalf(high), low) - uint128{quotient} * m_normalised;
-        return {quotient, remainder};
     }
 
     uint128 m_divisor;
@@ -105,15 +111,55 @@ private:
     uint128 m_normalised;
 };
 
+/// What tells whether a number of 64 bits ends with so many zeros: it does if the product with the
+/// inverse of 5^zeros, rotated right by as many bits, is not above the greatest quotient, and then
+/// that is its quotient.
+struct ZeroTest {
+    int zeros;
+    std::uint64_t inverse;
+    std::uint64_t greatest;
+};
+
+constexpr ZeroTest MakeZeroTest(int zeros)
+{
+    std::uint64_t fives = 1;
+    for (int i = 0; i < zeros; ++i)
+        fives *= 5;
+    // Each step doubles the bits that are right; of an odd number itself the lowest three are.
+    std::uint64_t inverse = fives;
+    for (int i = 0; i < 5; ++i)
+        inverse *= 2 - fives * inverse;
+    return {zeros, inverse, ~std::uint64_t{0} / kPowers64[static_cast<std::size_t>(zeros)]};
+}
+
+constexpr ZeroTest kZeroTests[] = {MakeZeroTest(16), MakeZeroTest(8), MakeZeroTest(4),
+                                   MakeZeroTest(2), MakeZeroTest(1)};
+
 /// Takes zeros off the end of a quotient as long as more than `least` places are left.
+std::uint64_t WithoutZeros(std::uint64_t quotient, std::int64_t& places, std::int64_t least)
+{
+    for (const ZeroTest& test : kZeroTests) {
+        const std::uint64_t rest = std::rotr(quotient * test.inverse, test.zeros);
+        const bool endsSo = rest <= test.greatest && places - least >= test.zeros;
+        quotient = endsSo ? rest : quotient;
+        places -= endsSo ? test.zeros : 0;
+    }
+    return quotient;
+}
+
+/// The same for long quotients.
 void StripZeros(uint128& quotient, std::int64_t& places, std::int64_t least)
 {
     for (const int step : {16, 8, 4, 2, 1}) {
+        if (HighHalf(quotient) == 0) {
+            quotient = WithoutZeros(LowHalf(quotient), places, least);
+            return;
+        }
         // A multiple of 10^n has n zero bits at its end.
         const uint128 bits = (uint128{1} << step) - 1;
         if (places - least < step || (quotient & bits) != 0)
             continue;
-        const auto [rest, dropped] = DividedByPower(ToWide(quotient), step);
+        const auto [rest, dropped] = DividedByShortPower(quotient, step);
         if (dropped != 0)
             continue;
         quotient = rest;
@@ -134,14 +180,29 @@ int DigitsOfQuotient(std::uint64_t dividend, std::uint64_t divisor)
     return digits + (a >= b ? 1 : 0);
 }
 
-int DigitsOfQuotient(uint128 dividend, uint128 divisor)
+[[gnu::always_inline]] inline int DigitsOfLongQuotient(uint128 dividend, uint128 divisor)
 {
-    if (HighHalf(dividend | divisor) == 0)
-        return DigitsOfQuotient(LowHalf(dividend), LowHalf(divisor));
     const int digits = CountDigits(dividend) - CountDigits(divisor);
     const uint128 a = dividend * Power128(std::max(-digits, 0));
     const uint128 b = divisor * Power128(std::max(digits, 0));
     return digits + (a >= b ? 1 : 0);
+}
+
+int DigitsOfQuotient(uint128 dividend, uint128 divisor)
+{
+    return HighHalf(dividend | divisor) == 0 ? DigitsOfQuotient(LowHalf(dividend), LowHalf(divisor))
+                                             : DigitsOfLongQuotient(dividend, divisor);
+}
+
+/// The number, whose last zeros are dropped as long as more than `least` places are left.
+Number WithFewestPlaces(uint128 quotient, std::int64_t places, std::int64_t least, bool negative)
+{
+    if (places < least) {
+        quotient *= Power128(static_cast<int>(least - places));
+        places = least;
+    }
+    StripZeros(quotient, places, least);
+    return {quotient, places, negative};
 }
 
 /// The product of two numbers below the divisor, modulo the divisor.
@@ -190,36 +251,95 @@ Status Divide(const Number& a, const Number& b, Number& result)
         return Fit({ToWide(0), difference, false}, kMostPlaces, result);
 
     // Exactly as many places as a result of 28 digits may have.
-    const std::int64_t wholeDigits = DigitsOfQuotient(a.magnitude, b.magnitude) - difference;
+    const int digits = DigitsOfQuotient(a.magnitude, b.magnitude);
+    const std::int64_t wholeDigits = digits - difference;
     if (wholeDigits > kMostDigits)
         return Status::Overflow;
-    Exact exact = {ToWide(0), std::min<std::int64_t>(kMostPlaces, kMostDigits - wholeDigits),
-                   a.negative != b.negative};
+    const std::int64_t places = std::min<std::int64_t>(kMostPlaces, kMostDigits - wholeDigits);
+    const bool negative = a.negative != b.negative;
     const Divisor divisor(b.magnitude);
-    if (exact.places < difference) {
+    if (places < difference) {
         // The dividend brings more places than that: they are rounded away.
         uint128 rest = 0;
-        exact.magnitude = ToWide(divisor.Divide(a.magnitude, rest));
-        exact.places = difference;
-        exact.cut = rest != 0;
-        return Fit(exact, kMostPlaces, result);
+        const uint128 quotient = divisor.Divide(a.magnitude, rest);
+        return Fit({ToWide(quotient), difference, negative, rest != 0}, kMostPlaces, result);
     }
-    const auto scale = static_cast<std::size_t>(exact.places - difference);
-    auto [quotient, rest] =
-        divisor.Divide(HighHalf(a.magnitude) == 0 ? Product(LowHalf(a.magnitude), kPowers[scale])
-                                                  : Product(a.magnitude, kPowers[scale]));
+
+    const auto scale = static_cast<int>(places - difference);
+    auto [quotient, rest] = divisor.Divide(
+        scale <= kLargestPower128 ? Product(a.magnitude, Power128(scale))
+                                  : Product(a.magnitude, kPowers[static_cast<std::size_t>(scale)]));
     if (rest == 0) {
-        StripZeros(quotient, exact.places, std::max<std::int64_t>(difference, 0));
-    } else {
-        quotient += rest >= b.magnitude - rest ? 1 : 0;
-        exact.cut = true;
-        if (quotient > kLargestMagnitude) {
-            exact.magnitude = ToWide(quotient);
-            return Fit(exact, kMostPlaces, result);
-        }
+        const auto least = std::max<std::int64_t>(difference, 0);
+        result = WithFewestPlaces(quotient, places, least, negative);
+        return Status::Ok;
     }
-    result = {quotient, exact.places, exact.negative && quotient != 0};
-    return exact.cut ? Status::Inexact : Status::Ok;
+    quotient += OneIf(rest >= b.magnitude - rest);
+    if (quotient > kLargestMagnitude)
+        return Fit({ToWide(quotient), places, negative, true}, kMostPlaces, result);
+    result = {quotient, places, negative && quotient != 0};
+    return Status::Inexact;
+}
+
+bool DivideLong(const Number& a, const Number& b, Quotient& result)
+{
+    if (a.magnitude == 0 || HighHalf(b.magnitude) == 0)
+        return false;
+    const int digits = DigitsOfLongQuotient(a.magnitude, b.magnitude);
+    const std::int64_t difference = a.places - b.places;
+    const std::int64_t scale =
+        std::min<std::int64_t>(kMostDigits - digits, kMostPlaces - difference);
+    if (scale < 0 || scale > kLargestPower128 || digits - difference > kMostDigits)
+        return false;
+    // Not by a Divisor: written to memory and read again it would cost as much as the division.
+    const auto shift = static_cast<unsigned>(128 - BitLength(b.magnitude));
+    const uint128 divisor = b.magnitude << shift;
+    const Wide dividend =
+        ShiftedLeft(Product(a.magnitude, Power128(static_cast<int>(scale))), shift);
+    const QuotientStep high = DivideStep(dividend.High(), dividend.limb[1], divisor);
+    const QuotientStep low = DivideStep(high.remainder, dividend.limb[0], divisor);
+    result.magnitude =
+        Joined(high.quotient, low.quotient) + OneIf(low.remainder >= divisor - low.remainder);
+    result.places = difference + scale;
+    result.inexact = true;
+    return low.remainder != 0 && result.magnitude <= kLargestMagnitude;
+}
+
+bool DivideShort(std::uint64_t a, std::uint64_t b, std::int64_t difference, Quotient& result)
+{
+    // As by hand, with up to 19 digits at a time: the first time 18 or 19 of them come out.
+    if (a == 0 || b == 0)
+        return false;
+    const int first = kLargestPower64 - 1 - (CountDigits(a) - CountDigits(b));
+    if (first < 0 || first > kLargestPower64)
+        return false;
+    const uint128 scaled = uint128{a} * kPowers64[static_cast<std::size_t>(first)];
+    const Quotient64 head = Divided(HighHalf(scaled), LowHalf(scaled), b);
+    // All places that a result of 28 digits may have.
+    const int digits = CountDigits(head.quotient);
+    const std::int64_t second =
+        std::min<std::int64_t>(kMostDigits - digits, kMostPlaces - difference - first);
+    result.places = difference + first;
+    if (digits - result.places > kMostDigits)
+        return false;
+    if (head.remainder == 0) {
+        const std::int64_t least = std::max<std::int64_t>(difference, 0);
+        if (result.places < least)
+            return false;
+        result.magnitude = WithoutZeros(head.quotient, result.places, least);
+        result.inexact = false;
+        return result.places <= kMostPlaces;
+    }
+    if (second <= 0 || second > kLargestPower64)
+        return false;
+    const std::uint64_t power = kPowers64[static_cast<std::size_t>(second)];
+    const uint128 rest = uint128{head.remainder} * power;
+    const Quotient64 tail = Divided(HighHalf(rest), LowHalf(rest), b);
+    result.magnitude = uint128{head.quotient} * power + tail.quotient +
+                       OneIf(tail.remainder >= b - tail.remainder);
+    result.places += second;
+    result.inexact = true;
+    return tail.remainder != 0 && result.magnitude <= kLargestMagnitude;
 }
 
 Status Remainder(const Number& a, const Number& b, Number& result)

@@ -19,7 +19,7 @@ uint128 Shortened(Wide magnitude, int drop, Rounding method, bool& inexact)
     // Of what lies behind the half nothing matters to ties that go away from zero.
     const bool up = method == Rounding::Nearest ? remainder >= 5 * Power128(drop - 1)
                                                 : method == Rounding::AwayFromZero && inexact;
-    return quotient + (up ? 1 : 0);
+    return quotient + OneIf(up);
 }
 
 Status Fit(const Exact& exact, int mostPlaces, Number& result)

@@ -6,6 +6,8 @@
 #include "platform/decimals/number.h"
 #include "platform/decimals/powersoften.h"
 
+#include <algorithm>
+
 namespace zeldec {
 
 enum class Rounding { Nearest, AwayFromZero, TowardZero };
@@ -28,6 +30,26 @@ uint128 Shortened(Wide magnitude, int drop, Rounding method, bool& inexact);
 /// The number of at most 28 digits and `mostPlaces` places that is nearest to the exact one, ties
 /// away from zero. Overflow when that leaves more than 28 digits in front of the point.
 Status Fit(const Exact& exact, int mostPlaces, Number& result);
+
+/// The same in place for 127 bits and 27 places, the way of nearly all sums; false if it takes
+/// more.
+[[gnu::always_inline]] inline bool FitNarrow(uint128& magnitude, std::int64_t& places,
+                                             bool& inexact)
+{
+    const std::int64_t excess =
+        std::max<std::int64_t>(CountDigits(magnitude) - kMostDigits, places - kMostPlaces);
+    inexact = false;
+    if (excess <= 0)
+        return places >= 0;
+    if (excess > kLargestShortDivisor || excess > places)
+        return false;
+    const auto drop = static_cast<std::size_t>(excess);
+    const auto [quotient, remainder] = DividedByShortPower(magnitude, static_cast<int>(excess));
+    magnitude = quotient + OneIf(remainder >= kPowers64[drop] / 2);
+    places -= excess;
+    inexact = remainder != 0;
+    return magnitude <= kLargestMagnitude;
+}
 
 } // namespace zeldec
 

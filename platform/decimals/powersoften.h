@@ -50,7 +50,7 @@ constexpr std::size_t SureDigits(int bits)
 /// The digits of a number without its leading zeros; 0 has none.
 constexpr int CountDigits(std::uint64_t number)
 {
-    const std::size_t sure = SureDigits(64 - std::countl_zero(number));
+    const std::size_t sure = SureDigits(BitLength(number));
     return static_cast<int>(sure) + (number >= kPowers64[sure] ? 1 : 0);
 }
 
@@ -82,27 +82,27 @@ constexpr bool DigitsAreCounted()
 }
 static_assert(DigitsAreCounted());
 
-/// How to divide by a power of ten D of L bits: the reciprocal is 2^(L - 1 + 97) / D, rounded down.
+/// How to divide by a power of ten D of L bits: the reciprocal is 2^(127 + L) / D, rounded down.
 struct PowerDivisor {
     uint128 reciprocal;
     unsigned shift; ///< L - 1
 };
 
-inline constexpr unsigned kReciprocalBits = 97;
-
 /// Divisions by a reciprocal leave less than three times the power, which must fit 128 bits.
 inline constexpr int kLargestDivisor = 37;
+/// Less than twice this power of ten fits 64 bits.
+inline constexpr int kLargestShortDivisor = 18;
 
+/// Those of 10^1 to 10^37.
 inline constexpr auto kDivisors = [] {
     std::array<PowerDivisor, kLargestDivisor + 1> divisors{};
-    for (int i = 0; i <= kLargestDivisor; ++i) {
+    for (int i = 1; i <= kLargestDivisor; ++i) {
         const uint128 power = Power128(i);
         const auto shift = static_cast<unsigned>(BitLength(power) - 1);
-        // Long division, bit by bit: 2^shift is not above the power.
+        // Long division, bit by bit: 2^shift is below the power.
         uint128 remainder = uint128{1} << shift;
-        uint128 quotient = remainder == power ? 1 : 0;
-        remainder -= quotient != 0 ? power : 0;
-        for (unsigned bit = 0; bit < kReciprocalBits; ++bit) {
+        uint128 quotient = 0;
+        for (int bit = 0; bit < 128; ++bit) {
             remainder <<= 1;
             quotient <<= 1;
             if (remainder >= power) {
@@ -120,31 +120,51 @@ struct Quotient128 {
     uint128 remainder;
 };
 
-/// Divides up to 128 bits by a power of ten of 64 bits.
-inline Quotient128 DividedByShortPower(uint128 number, std::uint64_t power)
+/// Takes a divisor off a remainder that still contains it.
+template <typename Remainder>
+constexpr void Correct(uint128& quotient, Remainder& remainder, Remainder divisor)
 {
-    const std::uint64_t high = HighHalf(number);
-    if (high == 0)
-        return {LowHalf(number) / power, LowHalf(number) % power};
-    const Quotient64 low = Divided(high % power, LowHalf(number), power);
-    return {Joined(high / power, low.quotient), low.remainder};
+    const bool contains = remainder >= divisor;
+    quotient += OneIf(contains);
+    remainder -= Masked(divisor, contains);
 }
 
-/// Divides by 10^exponent, exponent 0 to 37; the quotient must be below 2^96.
+struct ShortQuotient {
+    uint128 quotient;
+    std::uint64_t remainder;
+};
+
+/// Divides by 10^exponent, exponent 1 to 18.
+inline ShortQuotient DividedByShortPower(uint128 number, int exponent)
+{
+    const auto& [reciprocal, shift] = kDivisors[static_cast<std::size_t>(exponent)];
+    const std::uint64_t power = kPowers64[static_cast<std::size_t>(exponent)];
+    // The upper half of the product without what the two low halves carry into it: up to 3 too
+    // small, which the shift makes less than 1 with what the reciprocal lacks.
+    const uint128 head = uint128{HighHalf(number)} * HighHalf(reciprocal) +
+                         HighHalf(uint128{HighHalf(number)} * LowHalf(reciprocal)) +
+                         HighHalf(uint128{LowHalf(number)} * HighHalf(reciprocal));
+    uint128 quotient = head >> shift;
+    std::uint64_t remainder = LowHalf(number) - LowHalf(quotient) * power;
+    Correct(quotient, remainder, power);
+    return {quotient, remainder};
+}
+
+/// Divides by 10^exponent, exponent 1 to 37; the quotient must be below 2^96.
 inline Quotient128 DividedByPower(const Wide& number, int exponent)
 {
-    if (exponent <= kLargestPower64 && Fits128(number))
-        return DividedByShortPower(number.Low(), kPowers64[static_cast<std::size_t>(exponent)]);
+    if (exponent <= kLargestShortDivisor && Fits128(number)) {
+        const auto [quotient, remainder] = DividedByShortPower(number.Low(), exponent);
+        return {quotient, remainder};
+    }
     const PowerDivisor& divisor = kDivisors[static_cast<std::size_t>(exponent)];
     const uint128 power = Power128(exponent);
     const uint128 head = ShiftedRight(number, divisor.shift);
     // At most 2 too small: the bits shifted out and the reciprocal's error cost less than 1 each.
-    uint128 quotient = ShiftedRight(Product(head, divisor.reciprocal), kReciprocalBits);
+    uint128 quotient = Product(head, divisor.reciprocal).High();
     uint128 remainder = number.Low() - quotient * power;
-    while (remainder >= power) {
-        remainder -= power;
-        ++quotient;
-    }
+    Correct(quotient, remainder, power);
+    Correct(quotient, remainder, power);
     return {quotient, remainder};
 }
 

@@ -6,6 +6,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <type_traits>
 
 namespace zeldec {
 
@@ -25,6 +26,36 @@ constexpr std::uint64_t HighHalf(uint128 number)
 constexpr uint128 Joined(std::uint64_t high, std::uint64_t low)
 {
     return uint128{high} << 64 | low;
+}
+
+// What depends on a condition that is as likely as not is computed, not decided: a branch would
+// often be guessed wrong. Compilers make branches of conditional sums of 128 bits.
+
+constexpr std::uint64_t OneIf(bool condition)
+{
+    return static_cast<std::uint64_t>(condition);
+}
+
+constexpr std::uint64_t Masked(std::uint64_t number, bool isWanted)
+{
+    return number & -OneIf(isWanted);
+}
+
+constexpr uint128 Masked(uint128 number, bool isWanted)
+{
+    return Joined(Masked(HighHalf(number), isWanted), Masked(LowHalf(number), isWanted));
+}
+
+/// 0 or -1, all bits of it.
+constexpr int128 SignOf(int128 number)
+{
+    return number >> 127;
+}
+
+/// The magnitude with a sign that SignOf gives, or the number of a magnitude.
+constexpr int128 WithSign(int128 number, int128 sign)
+{
+    return (number ^ sign) - sign;
 }
 
 /// 256 bits, least significant limb first.
@@ -94,10 +125,22 @@ constexpr Wide Product(std::uint64_t a, const Wide& b)
     return {{LowHalf(first), LowHalf(second), LowHalf(third), a * b.limb[3] + HighHalf(third)}};
 }
 
+/// The position of the highest bit that is set, from 1 on; 1 for 0 too.
+constexpr int BitLength(std::uint64_t number)
+{
+    if (std::is_constant_evaluated())
+        return 64 - std::countl_zero(number | 1);
+    // The instruction waits for what the register held before, though it is overwritten:
+    // computations that have nothing to do with each other would follow each other. Compilers do
+    // not set it.
+    std::uint64_t highest = 0;
+    __asm__("bsrq %1, %0" : "+r"(highest) : "r"(number | 1) : "cc");
+    return static_cast<int>(highest) + 1;
+}
+
 constexpr int BitLength(uint128 number)
 {
-    return HighHalf(number) != 0 ? 128 - std::countl_zero(HighHalf(number))
-                                 : 64 - std::countl_zero(LowHalf(number));
+    return HighHalf(number) != 0 ? 64 + BitLength(HighHalf(number)) : BitLength(LowHalf(number));
 }
 
 constexpr int BitLength(const Wide& number)
