@@ -15,7 +15,7 @@ set -euo pipefail
 
 declare -A packages_of=(
   [build]="g++ cmake ninja-build ccache libgtest-dev libgmock-dev pkgconf"
-  [tools]="libcli11-dev libcsv-dev python3"
+  [tools]="libcli11-dev python3"
   [recordsets]="unixodbc-dev libsqliteodbc libsqlite3-dev odbc-mariadb mariadb-server sqlite3"
   [windows]="wine wine64 g++-mingw-w64-x86-64-posix googletest"
   [screenshot]="xvfb x11-apps netpbm fonts-wine"

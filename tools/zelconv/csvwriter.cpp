@@ -1,8 +1,6 @@
 #include "tools/zelconv/textview.h"
 #include "tools/zelconv/writer.h"
 
-#include <csv.h>
-
 namespace zelconv {
 
 namespace {
@@ -52,8 +50,10 @@ void CsvWriter::AppendCell(std::string_view text, bool defined, int column, std:
         EncodeCell(m_charset, text, column, record);
         return;
     }
-    m_quoted.resize(text.size() * 2 + 2);
-    m_quoted.resize(csv_write(m_quoted.data(), m_quoted.size(), text.data(), text.size()));
+    m_quoted = '"';
+    for (const char character : text)
+        m_quoted.append(character == '"' ? 2 : 1, character);
+    m_quoted += '"';
     EncodeCell(m_charset, m_quoted, column, record);
 }
 
