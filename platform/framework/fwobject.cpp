@@ -43,10 +43,6 @@ CRuntimeClass* CObject::GetThisClass()
 
 static const CClassRegistration classRegistrationCObject(CObject::GetThisClass());
 
-CObject::CObject() = default;
-
-CObject::~CObject() = default;
-
 CRuntimeClass* CObject::GetRuntimeClass() const
 {
     return CObject::GetThisClass();

@@ -54,7 +54,7 @@ struct ZELFW_API CRuntimeClass {
 class ZELFW_API CObject {
 public:
     virtual CRuntimeClass* GetRuntimeClass() const;
-    virtual ~CObject();
+    virtual ~CObject() = default;
 
     /// Writes the object's data to a storing archive or reads it from a loading one. A class
     /// calls its base class first. The root has no data.
@@ -78,7 +78,7 @@ public:
     static CRuntimeClass* GetThisClass();
 
 protected:
-    CObject();
+    CObject() = default;
 };
 
 /// Keeps a class on the list of known classes during its own lifetime. The IMPLEMENT macros
