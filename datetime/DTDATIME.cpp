@@ -14,6 +14,8 @@ namespace {
 using zeldt::Guarded;
 using zeldt::Operation;
 
+using Cell = zeldt::Cell<ZelDtDateTime_Imp>;
+
 constexpr Operation Op(const char* signature)
 {
     return {"DTDATIME", "ZelDtDateTime", signature};
@@ -38,35 +40,37 @@ constexpr Operation kFromString = Op("ZelDtDateTime(ZelDtString&,FormOfDateTimeS
 } // namespace
 
 ZelDtDateTime::ZelDtDateTime(ZelDtWorkingMode mode)
-    : ZelDtBasis(0, mode), m_pImp(Guarded(kFromMode, [] { return new ZelDtDateTime_Imp; }))
+    : ZelDtBasis(Cell(0, mode)),
+      m_pImp(Guarded(kFromMode, [this] { return new (*this) ZelDtDateTime_Imp; }))
 {}
 
 ZelDtDateTime::ZelDtDateTime(const std::tm* record)
-    : ZelDtBasis(1, ZelDtWmDefault),
-      m_pImp(Guarded(kFromRecord, [=] { return new ZelDtDateTime_Imp(record); }))
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)),
+      m_pImp(Guarded(kFromRecord, [=, this] { return new (*this) ZelDtDateTime_Imp(record); }))
 {}
 
 ZelDtDateTime::ZelDtDateTime(const COleDateTime& source)
-    : ZelDtBasis(source.GetStatus() == COleDateTime::valid ? 1 : 0, ZelDtWmDefault),
+    : ZelDtBasis(Cell(source.GetStatus() == COleDateTime::valid ? 1 : 0, ZelDtWmDefault)),
       m_pImp(Guarded(kFromFrameworkDate, [&] {
-          return source.GetStatus() == COleDateTime::valid ? new ZelDtDateTime_Imp(source)
-                                                           : new ZelDtDateTime_Imp;
+          return source.GetStatus() == COleDateTime::valid ? new (*this) ZelDtDateTime_Imp(source)
+                                                           : new (*this) ZelDtDateTime_Imp;
       }))
 {}
 
 ZelDtDateTime::ZelDtDateTime(const ZelDtDateTime& source)
-    : ZelDtBasis(source),
-      m_pImp(Guarded(kCopy, [&] { return new ZelDtDateTime_Imp(*source.m_pImp); }))
+    : ZelDtBasis(Cell(source)),
+      m_pImp(Guarded(kCopy, [&] { return new (*this) ZelDtDateTime_Imp(*source.m_pImp); }))
 {}
 
 ZelDtDateTime::ZelDtDateTime(std::time_t moment)
-    : ZelDtBasis(1, ZelDtWmDefault),
-      m_pImp(Guarded(kFromMoment, [=] { return new ZelDtDateTime_Imp(moment); }))
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)),
+      m_pImp(Guarded(kFromMoment, [=, this] { return new (*this) ZelDtDateTime_Imp(moment); }))
 {}
 
 ZelDtDateTime::ZelDtDateTime(const ZelDtShort& day, const ZelDtShort& month, const ZelDtShort& year)
-    : ZelDtBasis(1, ZelDtWmDefault), m_pImp(Guarded(kFromThreeValues, [&] {
-          return new ZelDtDateTime_Imp(day.GetValue(), month.GetValue(), year.GetValue(), 0, 0, 0);
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)), m_pImp(Guarded(kFromThreeValues, [&] {
+          return new (*this)
+              ZelDtDateTime_Imp(day.GetValue(), month.GetValue(), year.GetValue(), 0, 0, 0);
       }))
 {}
 
@@ -76,52 +80,53 @@ ZelDtDateTime::ZelDtDateTime(short day, short month, short year, short hour, sho
 {}
 
 ZelDtDateTime::ZelDtDateTime(int day, int month, int year, int hour, int minute, int second)
-    : ZelDtBasis(1, ZelDtWmDefault), m_pImp(Guarded(kFromSixShorts, [=] {
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)), m_pImp(Guarded(kFromSixShorts, [=, this] {
           const auto checked = [](int number) {
               return zeldt::Narrowed<short>(kFromSixShorts, number);
           };
-          return new ZelDtDateTime_Imp(checked(day), checked(month), checked(year), checked(hour),
-                                       checked(minute), checked(second));
+          return new (*this) ZelDtDateTime_Imp(checked(day), checked(month), checked(year),
+                                               checked(hour), checked(minute), checked(second));
       }))
 {}
 
 ZelDtDateTime::ZelDtDateTime(short hour, short minute) : ZelDtDateTime(int{hour}, int{minute}) {}
 
 ZelDtDateTime::ZelDtDateTime(int hour, int minute)
-    : ZelDtBasis(1, ZelDtWmDefault), m_pImp(Guarded(kFromTwoShorts, [=] {
-          return new ZelDtDateTime_Imp(zeldt::Narrowed<short>(kFromTwoShorts, hour),
-                                       zeldt::Narrowed<short>(kFromTwoShorts, minute));
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)), m_pImp(Guarded(kFromTwoShorts, [=, this] {
+          return new (*this) ZelDtDateTime_Imp(zeldt::Narrowed<short>(kFromTwoShorts, hour),
+                                               zeldt::Narrowed<short>(kFromTwoShorts, minute));
       }))
 {}
 
 ZelDtDateTime::ZelDtDateTime(const ZelDtShort& hour, const ZelDtShort& minute)
-    : ZelDtBasis(1, ZelDtWmDefault), m_pImp(Guarded(kFromTwoValues, [&] {
-          return new ZelDtDateTime_Imp(hour.GetValue(), minute.GetValue());
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)), m_pImp(Guarded(kFromTwoValues, [&] {
+          return new (*this) ZelDtDateTime_Imp(hour.GetValue(), minute.GetValue());
       }))
 {}
 
 ZelDtDateTime::ZelDtDateTime(const ZelDtShort& day, const ZelDtShort& month, const ZelDtShort& year,
                              const ZelDtShort& hour, const ZelDtShort& minute,
                              const ZelDtShort& second)
-    : ZelDtBasis(1, ZelDtWmDefault), m_pImp(Guarded(kFromSixValues, [&] {
-          return new ZelDtDateTime_Imp(day.GetValue(), month.GetValue(), year.GetValue(),
-                                       hour.GetValue(), minute.GetValue(), second.GetValue());
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)), m_pImp(Guarded(kFromSixValues, [&] {
+          return new (*this)
+              ZelDtDateTime_Imp(day.GetValue(), month.GetValue(), year.GetValue(), hour.GetValue(),
+                                minute.GetValue(), second.GetValue());
       }))
 {}
 
 ZelDtDateTime::ZelDtDateTime(const char* text, FormOfDateTimeString form)
-    : ZelDtBasis(1, ZelDtWmDefault),
-      m_pImp(Guarded(kFromText, [=] { return new ZelDtDateTime_Imp(text, form); }))
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)),
+      m_pImp(Guarded(kFromText, [=, this] { return new (*this) ZelDtDateTime_Imp(text, form); }))
 {}
 
 ZelDtDateTime::ZelDtDateTime(const ZelDtString& source, FormOfDateTimeString form)
-    : ZelDtBasis(source), m_pImp(Guarded(kFromString, [&] {
-          return source.IsDefined() ? new ZelDtDateTime_Imp(source, form) : new ZelDtDateTime_Imp;
+    : ZelDtBasis(Cell(source)), m_pImp(Guarded(kFromString, [&] {
+          return source.IsDefined() ? new (*this) ZelDtDateTime_Imp(source, form)
+                                    : new (*this) ZelDtDateTime_Imp;
       }))
 {}
 
 ZelDtDateTime::~ZelDtDateTime()
 {
     delete m_pImp;
-    m_pImp = nullptr;
 }

@@ -18,6 +18,8 @@ using zeldt::Guarded;
 using zeldt::Narrowed;
 using zeldt::NumberOrRaise;
 using zeldt::Operation;
+
+using Cell = zeldt::Cell<ZelDtTime_Imp>;
 using zeldt::Raise;
 using zeldt::RequireReadable;
 
@@ -192,46 +194,47 @@ int Compare(const Operation& operation, const ZelDtTime& a, const ZelDtTime& b)
 // Construction
 
 ZelDtTime::ZelDtTime(ZelDtWorkingMode mode)
-    : ZelDtBasis(0, mode),
-      m_pImp(Guarded(kFromMode, [] { return new ZelDtTime_Imp(0, 0, Minuten); }))
+    : ZelDtBasis(Cell(0, mode)),
+      m_pImp(Guarded(kFromMode, [this] { return new (*this) ZelDtTime_Imp(0, 0, Minuten); }))
 {}
 
 ZelDtTime::ZelDtTime(const char* text, TimeMode mode)
-    : ZelDtBasis(1, ZelDtWmDefault),
-      m_pImp(Guarded(kFromText, [content = FromText(kFromText, text, mode)] {
-          return new ZelDtTime_Imp(content);
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)),
+      m_pImp(Guarded(kFromText, [this, content = FromText(kFromText, text, mode)] {
+          return new (*this) ZelDtTime_Imp(content);
       }))
 {}
 
 ZelDtTime::ZelDtTime(long hours, long fraction, TimeMode mode)
-    : ZelDtBasis(1, ZelDtWmDefault),
-      m_pImp(
-          Guarded(kFromLongs, [content = ZelDtTime_Imp(hours, fraction, Known(kFromLongs, mode))] {
-              return new ZelDtTime_Imp(content);
-          }))
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)),
+      m_pImp(Guarded(kFromLongs,
+                     [this, content = ZelDtTime_Imp(hours, fraction, Known(kFromLongs, mode))] {
+                         return new (*this) ZelDtTime_Imp(content);
+                     }))
 {}
 
 ZelDtTime::ZelDtTime(const ZelDtLong& hours, const ZelDtLong& fraction, TimeMode mode)
-    : ZelDtBasis(1, ZelDtWmDefault),
-      m_pImp(Guarded(kFromLongValues, [content = FromNumbers(hours, fraction, mode)] {
-          return new ZelDtTime_Imp(content);
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)),
+      m_pImp(Guarded(kFromLongValues, [this, content = FromNumbers(hours, fraction, mode)] {
+          return new (*this) ZelDtTime_Imp(content);
       }))
 {}
 
 ZelDtTime::ZelDtTime(const ZelDtString& source, TimeMode mode)
-    : ZelDtBasis(source), m_pImp(Guarded(kFromString, [content = FromString(source, mode)] {
-          return new ZelDtTime_Imp(content);
+    : ZelDtBasis(Cell(source)),
+      m_pImp(Guarded(kFromString, [this, content = FromString(source, mode)] {
+          return new (*this) ZelDtTime_Imp(content);
       }))
 {}
 
 ZelDtTime::ZelDtTime(const ZelDtTime& source)
-    : ZelDtBasis(source), m_pImp(Guarded(kCopy, [&] { return new ZelDtTime_Imp(*source.m_pImp); }))
+    : ZelDtBasis(Cell(source)),
+      m_pImp(Guarded(kCopy, [&] { return new (*this) ZelDtTime_Imp(*source.m_pImp); }))
 {}
 
 ZelDtTime::~ZelDtTime()
 {
     delete m_pImp;
-    m_pImp = nullptr;
 }
 
 // Assignment

@@ -1,58 +1,44 @@
 #include "foundation/DTBASIS.h"
 
-#include "foundation/DTGUARD.h"
 #include "foundation/DTSTATE.h"
-
-#include <atomic>
 
 IMPLEMENT_DYNAMIC(ZelDtBasis, CObject)
 
 namespace {
 
-using zeldt::Guarded;
-using zeldt::Operation;
-
-constexpr Operation kConstruct = {"DTBASIS", "ZelDtBasis", "ZelDtBasis(BOOL,ZelDtWorkingMode)"};
-constexpr Operation kCopy = {"DTBASIS", "ZelDtBasis", "ZelDtBasis(ZelDtBasis&)"};
-constexpr Operation kSerialize = {"DTBASIS", "ZelDtBasis", "Serialize(CArchive&)"};
-
-std::atomic<ZelDtWorkingMode> defaultMode{ZelDtWmMissing};
-
-/// The mode that is stored where `mode` is asked for.
-ZelDtWorkingMode Resolved(ZelDtWorkingMode mode)
-{
-    return mode == ZelDtWmDefault ? ZelDtGetDefaultWorkingMode() : mode;
-}
+constexpr zeldt::Operation kSerialize = {"DTBASIS", "ZelDtBasis", "Serialize(CArchive&)"};
 
 } // namespace
 
+constinit std::atomic<ZelDtWorkingMode> zeldt::defaultMode{ZelDtWmMissing};
+
+#ifndef ZELDT_NO_POOL
+void* zeldt::TakeFromStore(const Operation& operation, std::size_t sizeIndex)
+{
+    return Guarded(operation, [=] { return TakeFromStore(sizeIndex); });
+}
+#endif
+
 void ZelDtSetDefaultWorkingMode(ZelDtWorkingMode mode)
 {
-    defaultMode.store(mode == ZelDtWmDefault ? ZelDtWmMissing : mode, std::memory_order_relaxed);
+    zeldt::defaultMode.store(mode == ZelDtWmDefault ? ZelDtWmMissing : mode,
+                             std::memory_order_relaxed);
 }
 
 ZelDtWorkingMode ZelDtGetDefaultWorkingMode()
 {
-    return defaultMode.load(std::memory_order_relaxed);
+    return zeldt::defaultMode.load(std::memory_order_relaxed);
 }
 
 ZelDtBasis::ZelDtBasis(int defined, ZelDtWorkingMode mode)
-    : m_pState(Guarded(kConstruct, [=] {
-          const ZelDtWorkingMode resolved = Resolved(mode);
-          return new ZelDtBasisState(resolved, resolved == ZelDtWmAlwaysDefined ? 1 : defined, 0);
-      }))
+    : m_pState(zeldt::NewState<0>(defined, mode))
 {}
 
-ZelDtBasis::ZelDtBasis(const ZelDtBasis& other)
-    : CObject(), m_pState(Guarded(kCopy, [&other] {
-          return new ZelDtBasisState(other.GetWorkingMode(), other.m_pState->defined,
-                                     other.m_pState->modified);
-      }))
-{}
+ZelDtBasis::ZelDtBasis(const ZelDtBasis& other) : CObject(), m_pState(zeldt::NewState<0>(other)) {}
 
 ZelDtBasis::~ZelDtBasis()
 {
-    delete m_pState;
+    zeldt::DeleteState(m_pState);
     m_pState = nullptr;
 }
 
@@ -65,7 +51,7 @@ ZelDtBasis& ZelDtBasis::operator=(const ZelDtBasis& other)
 
 void ZelDtBasis::Serialize(CArchive& ar)
 {
-    Guarded(kSerialize, [&] {
+    zeldt::Guarded(kSerialize, [&] {
         if (ar.IsStoring()) {
             ar << static_cast<DWORD>(m_pState->defined);
         } else {
@@ -136,7 +122,7 @@ ZelDtWorkingMode ZelDtBasis::GetWorkingMode() const
 
 void ZelDtBasis::SetWorkingMode(ZelDtWorkingMode mode)
 {
-    m_pState->mode = Resolved(mode);
+    m_pState->mode = zeldt::Resolved(mode);
     if (mode == ZelDtWmAlwaysDefined)
         m_pState->defined = 1;
 }

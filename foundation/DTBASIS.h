@@ -8,6 +8,12 @@ class ZelDtBasisState;
 class ZelDtString;
 class ZelFormat;
 
+namespace zeldt {
+struct StateAccess;
+template <typename Imp>
+class Cell;
+} // namespace zeldt
+
 /// How a value that holds nothing is to be treated.
 enum ZelDtWorkingMode {
     ZelDtWmMissing = 0,       ///< it is missing: reading it is error 2
@@ -133,6 +139,9 @@ protected:
     ZelDtBasis(int defined, ZelDtWorkingMode mode);
     /// Copies mode, definedness and modification, not the format.
     ZelDtBasis(const ZelDtBasis& other);
+    /// For the library's own classes, whose implementation objects share a block with the record.
+    template <typename Imp>
+    explicit ZelDtBasis(const zeldt::Cell<Imp>& cell);
 
     /// Stores the defined flag; a change marks the value modified.
     void SetDefined(int defined);
@@ -159,6 +168,8 @@ protected:
     };
 
 private:
+    friend struct zeldt::StateAccess;
+
     ZelDtBasisState* m_pState;
 };
 

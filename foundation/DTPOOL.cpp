@@ -33,8 +33,8 @@ struct ListedCache : ThreadCache {
 struct Store {
     zelrt::Lock lock;
     FreeBlock* batches[kBlockSizeCount]; // lists of batches
-    std::size_t freeBlocks[kBlockSizeCount];
-    std::size_t carvedBlocks[kBlockSizeCount];
+    std::ptrdiff_t freeBlocks[kBlockSizeCount];
+    std::ptrdiff_t carvedBlocks[kBlockSizeCount];
     Chunk* chunks;
     ListedCache* caches;
     bool closed;
@@ -42,16 +42,16 @@ struct Store {
 
 constinit Store store{};
 
-std::size_t Count(const FreeBlock* block)
+std::ptrdiff_t Count(const FreeBlock* block)
 {
-    std::size_t count = 0;
+    std::ptrdiff_t count = 0;
     for (; block != nullptr; block = block->next)
         ++count;
     return count;
 }
 
 /// Both need the lock.
-void AddBatch(std::size_t index, FreeBlock* first, std::size_t count)
+void AddBatch(std::size_t index, FreeBlock* first, std::ptrdiff_t count)
 {
     first->nextBatch = store.batches[index];
     store.batches[index] = first;
@@ -85,20 +85,20 @@ FreeBlock* CarveChunk(std::size_t index)
     std::size_t space = kChunkSize + kCacheLine;
     std::align(kCacheLine, kChunkSize, aligned, space);
     auto* const bytes = static_cast<unsigned char*>(aligned);
-    const std::size_t blocks = kChunkSize / size;
+    const auto blocks = static_cast<std::ptrdiff_t>(kChunkSize / size);
     store.carvedBlocks[index] += blocks;
     // From the end, so that each batch lists its blocks in ascending order and the batch with the
     // lowest addresses comes first.
-    for (std::size_t end = blocks; end != 0; end -= kBatchLength) {
+    for (std::ptrdiff_t end = blocks; end != 0; end -= kBatchLength) {
         FreeBlock* first = nullptr;
-        for (std::size_t i = end; i != end - kBatchLength; --i)
-            first = new (bytes + (i - 1) * size) FreeBlock{first, nullptr};
+        for (std::ptrdiff_t i = end; i != end - kBatchLength; --i)
+            first = new (bytes + static_cast<std::size_t>(i - 1) * size) FreeBlock{first, nullptr};
         AddBatch(index, first, kBatchLength);
     }
     return TakeBatch(index);
 }
-static_assert(kChunkSize / kBlockSizes[0] % kBatchLength == 0);
-static_assert(kChunkSize / kBlockSizes[1] % kBatchLength == 0);
+static_assert(kChunkSize / kBlockSizes[0] % std::size_t{kBatchLength} == 0);
+static_assert(kChunkSize / kBlockSizes[1] % std::size_t{kBatchLength} == 0);
 
 /// The cache of the calling thread, made if need be; null after the end of the library or when
 /// memory is exhausted.
@@ -112,6 +112,8 @@ ThreadCache* CacheOfThread()
     auto* const cache = static_cast<ListedCache*>(std::calloc(1, sizeof(ListedCache)));
     if (cache == nullptr)
         return nullptr;
+    for (FreeList& list : cache->lists)
+        list.room = kMaxListLength;
     cache->next = store.caches;
     if (store.caches != nullptr)
         store.caches->previous = cache;
@@ -126,7 +128,7 @@ void Dissolve(ListedCache* cache)
     for (std::size_t index = 0; index < kBlockSizeCount; ++index) {
         const FreeList list = cache->lists[index];
         if (list.first != nullptr)
-            AddBatch(index, list.first, list.count);
+            AddBatch(index, list.first, kMaxListLength - list.room);
     }
     (cache->previous != nullptr ? cache->previous->next : store.caches) = cache->next;
     if (cache->next != nullptr)
@@ -170,7 +172,7 @@ __attribute__((init_priority(101))) const Lifetime lifetime;
 
 } // namespace
 
-void* TakeFromStore(std::size_t sizeIndex)
+[[gnu::noinline]] void* TakeFromStore(std::size_t sizeIndex)
 {
     ThreadCache* const cache = CacheOfThread();
     if (cache == nullptr)
@@ -182,11 +184,11 @@ void* TakeFromStore(std::size_t sizeIndex)
         if (batch == nullptr)
             batch = CarveChunk(sizeIndex);
     }
-    cache->lists[sizeIndex] = {batch->next, Count(batch->next)};
+    cache->lists[sizeIndex] = {batch->next, kMaxListLength - Count(batch->next)};
     return batch;
 }
 
-void ReturnToStore(void* block, std::size_t sizeIndex) noexcept
+[[gnu::noinline]] void ReturnToStore(void* block, std::size_t sizeIndex) noexcept
 {
     ThreadCache* const cache = CacheOfThread();
     if (cache == nullptr) {
@@ -198,17 +200,18 @@ void ReturnToStore(void* block, std::size_t sizeIndex) noexcept
         return;
     }
     FreeList& list = cache->lists[sizeIndex];
-    if (list.count >= kMaxListLength) {
+    if (list.room < 0) {
         FreeBlock* last = list.first;
-        for (std::size_t i = 1; i < kBatchLength; ++i)
+        for (std::ptrdiff_t i = 1; i < kBatchLength; ++i)
             last = last->next;
         FreeBlock* const batch = std::exchange(list.first, std::exchange(last->next, nullptr));
-        list.count -= kBatchLength;
+        list.room += kBatchLength; // one of them is for this block
         const std::lock_guard guard(store.lock);
         AddBatch(sizeIndex, batch, kBatchLength);
+    } else {
+        --list.room;
     }
-    list.first = new (block) FreeBlock{list.first, nullptr};
-    ++list.count;
+    list.Push(block);
 }
 
 } // namespace zeldt

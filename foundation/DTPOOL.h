@@ -33,21 +33,28 @@ struct FreeBlock {
 /// The free blocks of one size on one thread.
 struct FreeList {
     FreeBlock* first;
-    std::size_t count;
+    std::ptrdiff_t room; ///< how many more blocks it takes
+
+    void Push(void* memory) noexcept
+    {
+        auto* const block = new (memory) FreeBlock;
+        block->next = first;
+        first = block;
+    }
 };
 
 inline constexpr std::size_t kBlockSizes[] = {32, 64};
 inline constexpr std::size_t kBlockSizeCount = sizeof kBlockSizes / sizeof kBlockSizes[0];
-
 /// Longest list that a thread keeps to itself, and what it hands over when it grows beyond.
-inline constexpr std::size_t kMaxListLength = 2048;
-inline constexpr std::size_t kBatchLength = 256;
+inline constexpr std::ptrdiff_t kMaxListLength = 2048;
+inline constexpr std::ptrdiff_t kBatchLength = 256;
 
 struct ThreadCache {
     FreeList lists[kBlockSizeCount];
 };
 
-/// The slow ways: the thread has no list yet, its list is empty, or its list is full.
+/// The slow ways: the thread has no list yet, its list is empty, or its list is full, which its
+/// room below 0 tells.
 void* TakeFromStore(std::size_t sizeIndex);
 void ReturnToStore(void* block, std::size_t sizeIndex) noexcept;
 
@@ -59,49 +66,37 @@ constexpr std::size_t SizeIndexOf(std::size_t size)
     return index;
 }
 
-template <std::size_t Size>
-inline void* TakeBlock()
+/// A block that the thread keeps; null when it has none.
+inline void* TakeKeptBlock(std::size_t sizeIndex) noexcept
 {
-    constexpr std::size_t index = SizeIndexOf(Size);
-    static_assert(index < kBlockSizeCount, "no block is that large");
     if (auto* cache = static_cast<ThreadCache*>(zelrt::GetThreadPointer())) {
-        FreeList& list = cache->lists[index];
+        FreeList& list = cache->lists[sizeIndex];
         if (FreeBlock* const block = list.first) {
             list.first = block->next;
-            --list.count;
+            ++list.room;
             return block;
         }
     }
-    return TakeFromStore(index);
+    return nullptr;
 }
 
-template <std::size_t Size>
-inline void ReturnBlock(void* memory) noexcept
+/// A block of kBlockSizes[sizeIndex] bytes.
+inline void* TakeBlock(std::size_t sizeIndex)
 {
-    constexpr std::size_t index = SizeIndexOf(Size);
+    void* const kept = TakeKeptBlock(sizeIndex);
+    return kept != nullptr ? kept : TakeFromStore(sizeIndex);
+}
+
+inline void ReturnBlock(void* memory, std::size_t sizeIndex) noexcept
+{
     if (auto* cache = static_cast<ThreadCache*>(zelrt::GetThreadPointer())) {
-        FreeList& list = cache->lists[index];
-        if (list.count < kMaxListLength) {
-            list.first = new (memory) FreeBlock{list.first, nullptr};
-            ++list.count;
+        FreeList& list = cache->lists[sizeIndex];
+        if (--list.room >= 0) {
+            list.Push(memory);
             return;
         }
     }
-    ReturnToStore(memory, index);
-}
-
-#else
-
-template <std::size_t Size>
-inline void* TakeBlock()
-{
-    return ::operator new(Size);
-}
-
-template <std::size_t Size>
-inline void ReturnBlock(void* memory) noexcept
-{
-    ::operator delete(memory);
+    ReturnToStore(memory, sizeIndex);
 }
 
 #endif
@@ -111,13 +106,26 @@ inline void ReturnBlock(void* memory) noexcept
 template <typename Object>
 class Pooled {
 public:
-    static void* operator new(std::size_t) { return TakeBlock<sizeof(Object)>(); }
+#ifndef ZELDT_NO_POOL
+    static void* operator new(std::size_t)
+    {
+        return TakeBlock(SizeIndex());
+    }
 
     static void operator delete(void* memory) noexcept
     {
         if (memory != nullptr)
-            ReturnBlock<sizeof(Object)>(memory);
+            ReturnBlock(memory, SizeIndex());
     }
+
+private:
+    static constexpr std::size_t SizeIndex()
+    {
+        constexpr std::size_t index = SizeIndexOf(sizeof(Object));
+        static_assert(index < kBlockSizeCount, "no block is that large");
+        return index;
+    }
+#endif
 
 protected:
     Pooled() = default;

@@ -14,6 +14,8 @@ namespace {
 using zeldt::Guarded;
 using zeldt::Operation;
 
+using Cell = zeldt::Cell<ZelDtDecimal_Imp>;
+
 constexpr Operation Op(const char* signature)
 {
     return {"DTDECIMA", "ZelDtDecimal", signature};
@@ -35,76 +37,80 @@ constexpr Operation kFromZelString =
     Op("ZelDtDecimal  ::  ZelDtDecimal ( const ZelDtString & krStrInit)");
 constexpr Operation kCopy = Op("ZelDtDecimal(ZelDtDecimal&)");
 
-/// A new implementation object holding `number`, which may be anything that one is made from.
+/// The implementation object of `owner` holding `number`, which may be anything that one is made
+/// from.
 template <typename Number>
-ZelDtDecimal_Imp* Made(const Operation& operation, const Number& number)
+ZelDtDecimal_Imp* Made(const Operation& operation, const ZelDtBasis& owner, const Number& number)
 {
-    return Guarded(operation, [&] { return new ZelDtDecimal_Imp(number); });
+    return Guarded(operation, [&] { return new (owner) ZelDtDecimal_Imp(number); });
 }
 
-/// A new implementation object with the number of another value; 0 if that is undefined. `Number`
-/// is what the value gives it as.
+/// The same with the number of another value; 0 if that is undefined. `Number` is what the value
+/// gives it as.
 template <typename Number, typename Source>
-ZelDtDecimal_Imp* MadeFrom(const Operation& operation, const Source& source)
+ZelDtDecimal_Imp* MadeFrom(const Operation& operation, const ZelDtBasis& owner,
+                           const Source& source)
 {
     if (!source.IsDefined())
-        return Made(operation, 0);
-    return Made(operation, static_cast<Number>(source));
+        return Made(operation, owner, 0);
+    return Made(operation, owner, static_cast<Number>(source));
 }
 
 } // namespace
 
-ZelDtDecimal::ZelDtDecimal(ZelDtWorkingMode mode) : ZelDtBasis(0, mode), m_pImp(Made(kFromMode, 0))
+ZelDtDecimal::ZelDtDecimal(ZelDtWorkingMode mode)
+    : ZelDtBasis(Cell(0, mode)), m_pImp(Made(kFromMode, *this, 0))
 {}
 
 ZelDtDecimal::ZelDtDecimal(int number)
-    : ZelDtBasis(1, ZelDtWmDefault), m_pImp(Made(kFromInt, number))
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)), m_pImp(Made(kFromInt, *this, number))
 {}
 
 ZelDtDecimal::ZelDtDecimal(long number)
-    : ZelDtBasis(1, ZelDtWmDefault), m_pImp(Made(kFromLong, number))
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)), m_pImp(Made(kFromLong, *this, number))
 {}
 
 ZelDtDecimal::ZelDtDecimal(double number)
-    : ZelDtBasis(1, ZelDtWmDefault), m_pImp(Made(kFromDouble, number))
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)), m_pImp(Made(kFromDouble, *this, number))
 {}
 
 ZelDtDecimal::ZelDtDecimal(const char* text)
-    : ZelDtBasis(1, ZelDtWmDefault), m_pImp(Made(kFromText, text))
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)), m_pImp(Made(kFromText, *this, text))
 {}
 
 ZelDtDecimal::ZelDtDecimal(const COleCurrency& amount)
-    : ZelDtBasis(0, ZelDtWmDefault),
-      m_pImp(amount.GetStatus() == COleCurrency::valid ? Made(kFromCurrency, amount)
-                                                       : Made(kFromCurrency, 0))
+    : ZelDtBasis(Cell(0, ZelDtWmDefault)),
+      m_pImp(amount.GetStatus() == COleCurrency::valid ? Made(kFromCurrency, *this, amount)
+                                                       : Made(kFromCurrency, *this, 0))
 {
     if (amount.GetStatus() == COleCurrency::valid)
         SetDefined(1);
 }
 
 ZelDtDecimal::ZelDtDecimal(const ZelDtLong& source)
-    : ZelDtBasis(source), m_pImp(MadeFrom<long>(kFromZelLong, source))
+    : ZelDtBasis(Cell(source)), m_pImp(MadeFrom<long>(kFromZelLong, *this, source))
 {}
 
 ZelDtDecimal::ZelDtDecimal(const ZelDtShort& source)
-    : ZelDtBasis(source), m_pImp(MadeFrom<short>(kFromZelShort, source))
+    : ZelDtBasis(Cell(source)), m_pImp(MadeFrom<short>(kFromZelShort, *this, source))
 {}
 
 ZelDtDecimal::ZelDtDecimal(const ZelDtDouble& source)
-    : ZelDtBasis(source), m_pImp(MadeFrom<double>(kFromZelDouble, source))
+    : ZelDtBasis(Cell(source)), m_pImp(MadeFrom<double>(kFromZelDouble, *this, source))
 {}
 
 ZelDtDecimal::ZelDtDecimal(const ZelDtString& source)
-    : ZelDtBasis(source), m_pImp(source.IsDefined() ? Made(kFromZelString, zeldt::ViewOf(source))
-                                                    : Made(kFromZelString, 0))
+    : ZelDtBasis(Cell(source)),
+      m_pImp(source.IsDefined() ? Made(kFromZelString, *this, zeldt::ViewOf(source))
+                                : Made(kFromZelString, *this, 0))
 {}
 
 ZelDtDecimal::ZelDtDecimal(const ZelDtDecimal& source)
-    : ZelDtBasis(source), m_pImp(Made(kCopy, *source.m_pImp))
+    : ZelDtBasis(Cell(source)), m_pImp(Made(kCopy, *this, *source.m_pImp))
 {}
 
 ZelDtDecimal::ZelDtDecimal(const RWDecimal96& number)
-    : ZelDtBasis(0, ZelDtWmDefault), m_pImp(new ZelDtDecimal_Imp(number))
+    : ZelDtBasis(Cell(0, ZelDtWmDefault)), m_pImp(new (*this) ZelDtDecimal_Imp(number))
 {
     SetDefined(1);
 }
@@ -112,5 +118,4 @@ ZelDtDecimal::ZelDtDecimal(const RWDecimal96& number)
 ZelDtDecimal::~ZelDtDecimal()
 {
     delete m_pImp;
-    m_pImp = nullptr;
 }

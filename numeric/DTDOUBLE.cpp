@@ -16,6 +16,8 @@ namespace {
 using zeldt::ErrorNo;
 using zeldt::Guarded;
 using zeldt::Operation;
+
+using Cell = zeldt::Cell<ZelDtDouble_Imp>;
 using zeldt::Raise;
 
 using Access = ZelDtDoubleAccess;
@@ -86,35 +88,37 @@ double NumberOf(const ZelDtString& text)
 // Construction
 
 ZelDtDouble::ZelDtDouble(ZelDtWorkingMode mode)
-    : ZelDtBasis(0, mode), m_pImp(Guarded(kFromMode, [] { return new ZelDtDouble_Imp(0.0); }))
+    : ZelDtBasis(Cell(0, mode)),
+      m_pImp(Guarded(kFromMode, [this] { return new (*this) ZelDtDouble_Imp(0.0); }))
 {}
 
 ZelDtDouble::ZelDtDouble(double number)
-    : ZelDtBasis(1, ZelDtWmDefault),
-      m_pImp(Guarded(kFromDouble, [=] { return new ZelDtDouble_Imp(number); }))
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)),
+      m_pImp(Guarded(kFromDouble, [=, this] { return new (*this) ZelDtDouble_Imp(number); }))
 {}
 
 ZelDtDouble::ZelDtDouble(int number)
-    : ZelDtBasis(1, ZelDtWmDefault),
-      m_pImp(Guarded(kFromInt, [=] { return new ZelDtDouble_Imp(number); }))
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)),
+      m_pImp(Guarded(kFromInt, [=, this] { return new (*this) ZelDtDouble_Imp(number); }))
 {}
 
 ZelDtDouble::ZelDtDouble(long number)
-    : ZelDtBasis(1, ZelDtWmDefault),
-      m_pImp(Guarded(kFromLong, [=] { return new ZelDtDouble_Imp(static_cast<double>(number)); }))
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)), m_pImp(Guarded(kFromLong, [=, this] {
+          return new (*this) ZelDtDouble_Imp(static_cast<double>(number));
+      }))
 {}
 
 ZelDtDouble::ZelDtDouble(const char* text)
-    : ZelDtBasis(1, ZelDtWmDefault),
-      m_pImp(Guarded(kFromText, [number = ZelDtDouble_Imp::ConvAsciiToDouble(text)] {
-          return new ZelDtDouble_Imp(number);
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)),
+      m_pImp(Guarded(kFromText, [this, number = ZelDtDouble_Imp::ConvAsciiToDouble(text)] {
+          return new (*this) ZelDtDouble_Imp(number);
       }))
 {}
 
 ZelDtDouble::ZelDtDouble(const COleCurrency& amount)
-    : ZelDtBasis(0, ZelDtWmDefault),
-      m_pImp(Guarded(kFromCurrency, [number = IsValid(amount) ? NumberOf(amount) : 0.0] {
-          return new ZelDtDouble_Imp(number);
+    : ZelDtBasis(Cell(0, ZelDtWmDefault)),
+      m_pImp(Guarded(kFromCurrency, [this, number = IsValid(amount) ? NumberOf(amount) : 0.0] {
+          return new (*this) ZelDtDouble_Imp(number);
       }))
 {
     if (IsValid(amount))
@@ -122,39 +126,38 @@ ZelDtDouble::ZelDtDouble(const COleCurrency& amount)
 }
 
 ZelDtDouble::ZelDtDouble(const ZelDtLong& source)
-    : ZelDtBasis(source), m_pImp(Guarded(kFromLongValue, [&] {
-          return new ZelDtDouble_Imp(
+    : ZelDtBasis(Cell(source)), m_pImp(Guarded(kFromLongValue, [&] {
+          return new (*this) ZelDtDouble_Imp(
               static_cast<double>(source.IsDefined() ? static_cast<long>(source) : 0L));
       }))
 {}
 
 ZelDtDouble::ZelDtDouble(const ZelDtShort& source)
-    : ZelDtBasis(source), m_pImp(Guarded(kFromShortValue, [&] {
-          return new ZelDtDouble_Imp(source.IsDefined() ? static_cast<short>(source) : 0);
+    : ZelDtBasis(Cell(source)), m_pImp(Guarded(kFromShortValue, [&] {
+          return new (*this) ZelDtDouble_Imp(source.IsDefined() ? static_cast<short>(source) : 0);
       }))
 {}
 
 ZelDtDouble::ZelDtDouble(const ZelDtDecimal& source)
-    : ZelDtBasis(source), m_pImp(Guarded(kFromDecimal, [&] {
-          return new ZelDtDouble_Imp(source.IsDefined() ? source.GetValue() : 0.0);
+    : ZelDtBasis(Cell(source)), m_pImp(Guarded(kFromDecimal, [&] {
+          return new (*this) ZelDtDouble_Imp(source.IsDefined() ? source.GetValue() : 0.0);
       }))
 {}
 
 ZelDtDouble::ZelDtDouble(const ZelDtString& source)
-    : ZelDtBasis(source),
-      m_pImp(
-          Guarded(kFromString, [number = NumberOf(source)] { return new ZelDtDouble_Imp(number); }))
+    : ZelDtBasis(Cell(source)), m_pImp(Guarded(kFromString, [this, number = NumberOf(source)] {
+          return new (*this) ZelDtDouble_Imp(number);
+      }))
 {}
 
 ZelDtDouble::ZelDtDouble(const ZelDtDouble& source)
-    : ZelDtBasis(source),
-      m_pImp(Guarded(kCopy, [&] { return new ZelDtDouble_Imp(source.m_pImp->value); }))
+    : ZelDtBasis(Cell(source)),
+      m_pImp(Guarded(kCopy, [&] { return new (*this) ZelDtDouble_Imp(source.m_pImp->value); }))
 {}
 
 ZelDtDouble::~ZelDtDouble()
 {
     delete m_pImp;
-    m_pImp = nullptr;
 }
 
 // Assignment

@@ -58,14 +58,15 @@ Wide Multiplied(const ZelDtBasis& left, const Wide& right, int defined, Alone al
 // Long
 
 ZelDtLong::ZelDtLong(const ZelDtDecimal& source)
-    : ZelDtBasis(source),
-      m_pImp(
-          Guarded(kLongFromDecimal, [&] { return new ZelDtLong_Imp(NumberOf<LongRep>(source)); }))
+    : ZelDtBasis(zeldt::Cell<ZelDtLong_Imp>(source)), m_pImp(Guarded(kLongFromDecimal, [&] {
+          return new (*this) ZelDtLong_Imp(NumberOf<LongRep>(source));
+      }))
 {}
 
 ZelDtLong::ZelDtLong(const ZelDtDouble& source)
-    : ZelDtBasis(source),
-      m_pImp(Guarded(kLongFromDouble, [&] { return new ZelDtLong_Imp(NumberOf<LongRep>(source)); }))
+    : ZelDtBasis(zeldt::Cell<ZelDtLong_Imp>(source)), m_pImp(Guarded(kLongFromDouble, [&] {
+          return new (*this) ZelDtLong_Imp(NumberOf<LongRep>(source));
+      }))
 {}
 
 ZelDtDecimal ZelDtLong::operator*(const ZelDtDecimal& right) const
@@ -90,8 +91,8 @@ ZelDtDouble ZelDtLong::operator*(const ZelDtDouble& right) const
 // Short
 
 ZelDtShort::ZelDtShort(const ZelDtDecimal& source)
-    : ZelDtBasis(source), m_pImp(Guarded(kShortFromDecimal, [&] {
-          return new ZelDtShort_Imp(NumberOf<ShortRep>(source));
+    : ZelDtBasis(zeldt::Cell<ZelDtShort_Imp>(source)), m_pImp(Guarded(kShortFromDecimal, [&] {
+          return new (*this) ZelDtShort_Imp(NumberOf<ShortRep>(source));
       }))
 {}
 

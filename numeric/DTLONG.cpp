@@ -11,6 +11,8 @@ namespace {
 using zeldt::Guarded;
 using zeldt::Operation;
 
+using Cell = zeldt::Cell<ZelDtLong_Imp>;
+
 using Rep = zeldt::IntegerRep<zeldt::LongRules>;
 
 constexpr Operation Op(const char* signature)
@@ -47,45 +49,47 @@ constexpr Operation kSerialize = Op("Serialize(CArchive&)");
 // Construction
 
 ZelDtLong::ZelDtLong(ZelDtWorkingMode mode)
-    : ZelDtBasis(0, mode), m_pImp(Guarded(kFromMode, [] { return new ZelDtLong_Imp(0); }))
+    : ZelDtBasis(Cell(0, mode)),
+      m_pImp(Guarded(kFromMode, [this] { return new (*this) ZelDtLong_Imp(0); }))
 {}
 
 ZelDtLong::ZelDtLong(int number)
-    : ZelDtBasis(1, ZelDtWmDefault),
-      m_pImp(Guarded(kFromInt, [=] { return new ZelDtLong_Imp(number); }))
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)),
+      m_pImp(Guarded(kFromInt, [=, this] { return new (*this) ZelDtLong_Imp(number); }))
 {}
 
 ZelDtLong::ZelDtLong(long number)
-    : ZelDtBasis(1, ZelDtWmDefault),
-      m_pImp(Guarded(kFromLong, [=] { return new ZelDtLong_Imp(Rep::FromWide(number)); }))
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)), m_pImp(Guarded(kFromLong, [=, this] {
+          return new (*this) ZelDtLong_Imp(Rep::FromWide(number));
+      }))
 {}
 
 ZelDtLong::ZelDtLong(const char* text)
-    : ZelDtBasis(1, ZelDtWmDefault),
-      m_pImp(Guarded(kFromText, [=] { return new ZelDtLong_Imp(Rep::FromText(text)); }))
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)),
+      m_pImp(
+          Guarded(kFromText, [=, this] { return new (*this) ZelDtLong_Imp(Rep::FromText(text)); }))
 {}
 
 ZelDtLong::ZelDtLong(const ZelDtString& source)
-    : ZelDtBasis(source), m_pImp(Guarded(kFromString, [&] {
-          return new ZelDtLong_Imp(source.IsDefined() ? Rep::FromText(source) : 0);
+    : ZelDtBasis(Cell(source)), m_pImp(Guarded(kFromString, [&] {
+          return new (*this) ZelDtLong_Imp(source.IsDefined() ? Rep::FromText(source) : 0);
       }))
 {}
 
 ZelDtLong::ZelDtLong(const ZelDtShort& source)
-    : ZelDtBasis(source), m_pImp(Guarded(kFromShort, [&] {
-          return new ZelDtLong_Imp(source.IsDefined() ? static_cast<short>(source) : 0);
+    : ZelDtBasis(Cell(source)), m_pImp(Guarded(kFromShort, [&] {
+          return new (*this) ZelDtLong_Imp(source.IsDefined() ? static_cast<short>(source) : 0);
       }))
 {}
 
 ZelDtLong::ZelDtLong(const ZelDtLong& source)
-    : ZelDtBasis(source),
-      m_pImp(Guarded(kCopy, [&] { return new ZelDtLong_Imp(Rep::Copied(source)); }))
+    : ZelDtBasis(Cell(source)),
+      m_pImp(Guarded(kCopy, [&] { return new (*this) ZelDtLong_Imp(Rep::Copied(source)); }))
 {}
 
 ZelDtLong::~ZelDtLong()
 {
     delete m_pImp;
-    m_pImp = nullptr;
 }
 
 // Assignment

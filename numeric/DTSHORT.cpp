@@ -11,6 +11,8 @@ namespace {
 using zeldt::Guarded;
 using zeldt::Operation;
 
+using Cell = zeldt::Cell<ZelDtShort_Imp>;
+
 using Rep = zeldt::IntegerRep<zeldt::ShortRules>;
 
 constexpr Operation Op(const char* signature)
@@ -50,50 +52,54 @@ constexpr Operation kSerialize = Op("Serialize(CArchive&)");
 // Construction
 
 ZelDtShort::ZelDtShort(ZelDtWorkingMode mode)
-    : ZelDtBasis(0, mode), m_pImp(Guarded(kFromMode, [] { return new ZelDtShort_Imp(0); }))
+    : ZelDtBasis(Cell(0, mode)),
+      m_pImp(Guarded(kFromMode, [this] { return new (*this) ZelDtShort_Imp(0); }))
 {}
 
 ZelDtShort::ZelDtShort(short number)
-    : ZelDtBasis(1, ZelDtWmDefault),
-      m_pImp(Guarded(kFromShort, [=] { return new ZelDtShort_Imp(number); }))
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)),
+      m_pImp(Guarded(kFromShort, [=, this] { return new (*this) ZelDtShort_Imp(number); }))
 {}
 
 ZelDtShort::ZelDtShort(int number)
-    : ZelDtBasis(1, ZelDtWmDefault),
-      m_pImp(Guarded(kFromInt, [=] { return new ZelDtShort_Imp(Rep::FromWide(number)); }))
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)), m_pImp(Guarded(kFromInt, [=, this] {
+          return new (*this) ZelDtShort_Imp(Rep::FromWide(number));
+      }))
 {}
 
 ZelDtShort::ZelDtShort(long number)
-    : ZelDtBasis(1, ZelDtWmDefault),
-      m_pImp(Guarded(kFromLong, [=] { return new ZelDtShort_Imp(Rep::FromWide(number)); }))
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)), m_pImp(Guarded(kFromLong, [=, this] {
+          return new (*this) ZelDtShort_Imp(Rep::FromWide(number));
+      }))
 {}
 
 ZelDtShort::ZelDtShort(const char* text)
-    : ZelDtBasis(1, ZelDtWmDefault),
-      m_pImp(Guarded(kFromText, [=] { return new ZelDtShort_Imp(Rep::FromText(text)); }))
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)),
+      m_pImp(
+          Guarded(kFromText, [=, this] { return new (*this) ZelDtShort_Imp(Rep::FromText(text)); }))
 {}
 
 ZelDtShort::ZelDtShort(const ZelDtLong& source)
-    : ZelDtBasis(source), m_pImp(Guarded(kFromZelDtLong, [&] {
-          return new ZelDtShort_Imp(Rep::FromWide(source.IsDefined() ? source.GetValue() : 0));
+    : ZelDtBasis(Cell(source)), m_pImp(Guarded(kFromZelDtLong, [&] {
+          return new (*this)
+              ZelDtShort_Imp(Rep::FromWide(source.IsDefined() ? source.GetValue() : 0));
       }))
 {}
 
 ZelDtShort::ZelDtShort(const ZelDtString& source)
-    : ZelDtBasis(source), m_pImp(Guarded(kFromString, [&] {
-          return new ZelDtShort_Imp(source.IsDefined() ? Rep::FromText(source) : 0);
+    : ZelDtBasis(Cell(source)), m_pImp(Guarded(kFromString, [&] {
+          return new (*this) ZelDtShort_Imp(source.IsDefined() ? Rep::FromText(source) : 0);
       }))
 {}
 
 ZelDtShort::ZelDtShort(const ZelDtShort& source)
-    : ZelDtBasis(source),
-      m_pImp(Guarded(kCopy, [&] { return new ZelDtShort_Imp(Rep::Copied(source)); }))
+    : ZelDtBasis(Cell(source)),
+      m_pImp(Guarded(kCopy, [&] { return new (*this) ZelDtShort_Imp(Rep::Copied(source)); }))
 {}
 
 ZelDtShort::~ZelDtShort()
 {
     delete m_pImp;
-    m_pImp = nullptr;
 }
 
 // Assignment

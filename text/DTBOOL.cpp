@@ -10,6 +10,8 @@ namespace {
 using zeldt::ErrorNo;
 using zeldt::Guarded;
 using zeldt::Operation;
+
+using Cell = zeldt::Cell<ZelDtBool_Imp>;
 using zeldt::Raise;
 
 using Rep = zeldt::PlainRep<zeldt::BoolRules>;
@@ -56,36 +58,39 @@ constexpr Operation kUnequalText = Op("BOOL  ZelDtBool :: operator!= ( LPCTSTR )
 // Construction. What is wrong with a text keeps its own error
 
 ZelDtBool::ZelDtBool(ZelDtWorkingMode mode)
-    : ZelDtBasis(0, mode), m_pImp(Guarded(kFromMode, [] { return new ZelDtBool_Imp(0); }))
+    : ZelDtBasis(Cell(0, mode)),
+      m_pImp(Guarded(kFromMode, [this] { return new (*this) ZelDtBool_Imp(0); }))
 {}
 
 ZelDtBool::ZelDtBool(BOOL value)
-    : ZelDtBasis(1, ZelDtWmDefault),
-      m_pImp(Guarded(kFromBool, [=] { return new ZelDtBool_Imp(value); }))
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)),
+      m_pImp(Guarded(kFromBool, [=, this] { return new (*this) ZelDtBool_Imp(value); }))
 {}
 
 ZelDtBool::ZelDtBool(const char* text)
-    : ZelDtBasis(1, ZelDtWmDefault),
-      m_pImp(Guarded(kFromText, [number = ZelDtBool_Imp::NumberOf(zeldt::RequiredView(
-                                     kFromText, text))] { return new ZelDtBool_Imp(number); }))
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)),
+      m_pImp(Guarded(kFromText, [this, number = ZelDtBool_Imp::NumberOf(
+                                           zeldt::RequiredView(kFromText, text))] {
+          return new (*this) ZelDtBool_Imp(number);
+      }))
 {}
 
 ZelDtBool::ZelDtBool(const ZelDtString& source)
-    : ZelDtBasis(source),
+    : ZelDtBasis(Cell(source)),
       m_pImp(Guarded(kFromString,
-                     [number = source.IsDefined() ? ZelDtBool_Imp::NumberOf(zeldt::ViewOf(source))
-                                                  : 0] { return new ZelDtBool_Imp(number); }))
+                     [this, number = source.IsDefined()
+                                         ? ZelDtBool_Imp::NumberOf(zeldt::ViewOf(source))
+                                         : 0] { return new (*this) ZelDtBool_Imp(number); }))
 {}
 
 ZelDtBool::ZelDtBool(const ZelDtBool& source)
-    : ZelDtBasis(source),
-      m_pImp(Guarded(kCopy, [&] { return new ZelDtBool_Imp(source.m_pImp->value); }))
+    : ZelDtBasis(Cell(source)),
+      m_pImp(Guarded(kCopy, [&] { return new (*this) ZelDtBool_Imp(source.m_pImp->value); }))
 {}
 
 ZelDtBool::~ZelDtBool()
 {
     delete m_pImp;
-    m_pImp = nullptr;
 }
 
 // Assignment

@@ -12,6 +12,8 @@ namespace {
 using zeldt::ErrorNo;
 using zeldt::Guarded;
 using zeldt::Operation;
+
+using Cell = zeldt::Cell<ZelDtChar_Imp>;
 using zeldt::Raise;
 
 using Rep = zeldt::PlainRep<zeldt::CharRules>;
@@ -70,36 +72,36 @@ int EqualTexts(const Operation& operation, const ZelDtChar& left, const ZelDtStr
 // Construction
 
 ZelDtChar::ZelDtChar(ZelDtWorkingMode mode)
-    : ZelDtBasis(0, mode), m_pImp(Guarded(kFromMode, [] { return new ZelDtChar_Imp('\0'); }))
+    : ZelDtBasis(Cell(0, mode)),
+      m_pImp(Guarded(kFromMode, [this] { return new (*this) ZelDtChar_Imp('\0'); }))
 {}
 
 ZelDtChar::ZelDtChar(char character)
-    : ZelDtBasis(1, ZelDtWmDefault),
-      m_pImp(Guarded(kFromChar, [=] { return new ZelDtChar_Imp(character); }))
+    : ZelDtBasis(Cell(1, ZelDtWmDefault)),
+      m_pImp(Guarded(kFromChar, [=, this] { return new (*this) ZelDtChar_Imp(character); }))
 {}
 
-ZelDtChar::ZelDtChar(const char* text) : ZelDtBasis(1, ZelDtWmDefault), m_pImp(nullptr)
+ZelDtChar::ZelDtChar(const char* text) : ZelDtBasis(Cell(1, ZelDtWmDefault)), m_pImp(nullptr)
 {
     if (text == nullptr)
         Raise(kFromText, ErrorNo::InitialValue);
-    m_pImp = Guarded(kFromText, [=] { return new ZelDtChar_Imp(FirstOf(text)); });
+    m_pImp = Guarded(kFromText, [=, this] { return new (*this) ZelDtChar_Imp(FirstOf(text)); });
 }
 
 ZelDtChar::ZelDtChar(const ZelDtString& source)
-    : ZelDtBasis(source), m_pImp(Guarded(kFromString, [&] {
-          return new ZelDtChar_Imp(source.IsDefined() ? FirstOf(source) : '\0');
+    : ZelDtBasis(Cell(source)), m_pImp(Guarded(kFromString, [&] {
+          return new (*this) ZelDtChar_Imp(source.IsDefined() ? FirstOf(source) : '\0');
       }))
 {}
 
 ZelDtChar::ZelDtChar(const ZelDtChar& source)
-    : ZelDtBasis(source),
-      m_pImp(Guarded(kCopy, [&] { return new ZelDtChar_Imp(source.m_pImp->value); }))
+    : ZelDtBasis(Cell(source)),
+      m_pImp(Guarded(kCopy, [&] { return new (*this) ZelDtChar_Imp(source.m_pImp->value); }))
 {}
 
 ZelDtChar::~ZelDtChar()
 {
     delete m_pImp;
-    m_pImp = nullptr;
 }
 
 // Assignment

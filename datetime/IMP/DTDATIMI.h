@@ -6,7 +6,7 @@
 #include "datetime/DTDATIME.h"
 #include "datetime/IMP/DTCALEND.h"
 #include "foundation/DTGUARD.h"
-#include "foundation/DTPOOL.h"
+#include "foundation/DTSTATE.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -18,7 +18,7 @@
 /// A setter that rejects its number throws and leaves the fields as they are, except that a year is
 /// stored before it is found to be too early. What sets several fields sets one after the other and
 /// keeps those that were set before a failure.
-class ZelDtDateTime_Imp final : public zeldt::Pooled<ZelDtDateTime_Imp> {
+class ZelDtDateTime_Imp final : public zeldt::PartOfCell<ZelDtDateTime_Imp> {
 public:
     // Construction. All but the moment's reports what it finds as error 1 under its own name
 

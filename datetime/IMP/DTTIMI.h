@@ -6,7 +6,7 @@
 
 #include "datetime/DTTIME.h"
 #include "foundation/DTPLAIN.h"
-#include "foundation/DTPOOL.h"
+#include "foundation/DTSTATE.h"
 #include "platform/formats/ZelFormat.h"
 
 #include <cstddef>
@@ -15,7 +15,7 @@
 #include <string_view>
 
 /// Modes are the caller's to check. An error leaves the object as it was.
-class ZelDtTime_Imp final : public zeldt::Pooled<ZelDtTime_Imp> {
+class ZelDtTime_Imp final : public zeldt::PartOfCell<ZelDtTime_Imp> {
 public:
     using TimeMode = ZelDtTime::TimeMode;
 

@@ -175,7 +175,7 @@ ZelDtDecimal_Imp::ZelDtDecimal_Imp(const COleCurrency& amount)
 }
 
 ZelDtDecimal_Imp::ZelDtDecimal_Imp(const ZelDtDecimal_Imp& source)
-    : RWDecimal96(source), zeldt::Pooled<ZelDtDecimal_Imp>()
+    : RWDecimal96(source), zeldt::PartOfCell<ZelDtDecimal_Imp>()
 {
     InstallHandlers();
 }

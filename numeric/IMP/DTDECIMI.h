@@ -4,7 +4,7 @@
 /// The number of a ZelDtDecimal and its conversions. Private to the library.
 
 #include "foundation/DTGUARD.h"
-#include "foundation/DTPOOL.h"
+#include "foundation/DTSTATE.h"
 #include "numeric/DTDECIMA.h"
 #include "platform/decimals/RWDecimal96.h"
 
@@ -20,7 +20,7 @@
 ///
 /// What fails in a conversion is error 1 under its name, with the first cause behind it, unless it
 /// says otherwise.
-class ZelDtDecimal_Imp final : public RWDecimal96, public zeldt::Pooled<ZelDtDecimal_Imp> {
+class ZelDtDecimal_Imp final : public RWDecimal96, public zeldt::PartOfCell<ZelDtDecimal_Imp> {
 public:
     /// Null: not a number yet.
     ZelDtDecimal_Imp();

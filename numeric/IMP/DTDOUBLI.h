@@ -4,12 +4,12 @@
 /// What a ZelDtDouble keeps, and how its number is read from and written as text. Private to the
 /// library.
 
-#include "foundation/DTPOOL.h"
+#include "foundation/DTSTATE.h"
 #include "numeric/DTDOUBLE.h"
 
 #include <string_view>
 
-class ZelDtDouble_Imp final : public zeldt::Pooled<ZelDtDouble_Imp> {
+class ZelDtDouble_Imp final : public zeldt::PartOfCell<ZelDtDouble_Imp> {
 public:
     explicit ZelDtDouble_Imp(double number) : value(number) {}
 

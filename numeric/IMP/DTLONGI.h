@@ -6,14 +6,14 @@
 
 #include "foundation/DTFORMAT.h"
 #include "foundation/DTGUARD.h"
-#include "foundation/DTPOOL.h"
+#include "foundation/DTSTATE.h"
 
 #include <cstddef>
 #include <cstdint>
 
 class ZelDtLong;
 
-class ZelDtLong_Imp final : public zeldt::Pooled<ZelDtLong_Imp> {
+class ZelDtLong_Imp final : public zeldt::PartOfCell<ZelDtLong_Imp> {
 public:
     explicit ZelDtLong_Imp(std::int32_t number) : value(number) {}
 

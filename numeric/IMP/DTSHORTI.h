@@ -6,14 +6,14 @@
 
 #include "foundation/DTFORMAT.h"
 #include "foundation/DTGUARD.h"
-#include "foundation/DTPOOL.h"
+#include "foundation/DTSTATE.h"
 
 #include <cstddef>
 #include <cstdint>
 
 class ZelDtShort;
 
-class ZelDtShort_Imp final : public zeldt::Pooled<ZelDtShort_Imp> {
+class ZelDtShort_Imp final : public zeldt::PartOfCell<ZelDtShort_Imp> {
 public:
     explicit ZelDtShort_Imp(std::int16_t number) : value(number) {}
 

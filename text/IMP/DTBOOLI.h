@@ -4,7 +4,7 @@
 /// What a ZelDtBool keeps, and how its number is read from a word. Private to the library.
 
 #include "foundation/DTPLAIN.h"
-#include "foundation/DTPOOL.h"
+#include "foundation/DTSTATE.h"
 #include "platform/formats/ZelFormat.h"
 
 #include <cstdint>
@@ -12,7 +12,7 @@
 
 class ZelDtBool;
 
-class ZelDtBool_Imp final : public zeldt::Pooled<ZelDtBool_Imp> {
+class ZelDtBool_Imp final : public zeldt::PartOfCell<ZelDtBool_Imp> {
 public:
     explicit ZelDtBool_Imp(std::int32_t number) : value(number) {}
 

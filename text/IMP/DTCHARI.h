@@ -4,12 +4,12 @@
 /// What a ZelDtChar keeps. Private to the library.
 
 #include "foundation/DTPLAIN.h"
-#include "foundation/DTPOOL.h"
+#include "foundation/DTSTATE.h"
 #include "platform/formats/ZelFormat.h"
 
 class ZelDtChar;
 
-class ZelDtChar_Imp final : public zeldt::Pooled<ZelDtChar_Imp> {
+class ZelDtChar_Imp final : public zeldt::PartOfCell<ZelDtChar_Imp> {
 public:
     explicit ZelDtChar_Imp(char character) : value(character) {}
 
