@@ -26,7 +26,7 @@ constexpr int kCauseAttached = 1;
 
 } // namespace
 
-void Raise(const Operation& operation, ErrorNo number)
+[[gnu::noinline]] void Raise(const Operation& operation, ErrorNo number)
 {
     throw MadeOrNull([&] {
         return new ZelDtExcep(operation.module, operation.className, operation.signature,
@@ -34,7 +34,7 @@ void Raise(const Operation& operation, ErrorNo number)
     });
 }
 
-void RaiseFollowUp(const Operation& operation)
+[[gnu::noinline]] void RaiseFollowUp(const Operation& operation)
 {
     constexpr auto number = static_cast<unsigned long>(ErrorNo::FollowUp);
     const auto withoutCause = [&] {

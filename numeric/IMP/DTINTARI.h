@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <limits>
 #include <string_view>
+#include <type_traits>
 
 namespace zeldt {
 
@@ -36,26 +37,31 @@ constexpr IntResult<Number> Narrowed(std::int64_t wide)
 
 enum class Arithmetic { Add, Subtract, Multiply, Divide };
 
-/// The exact result of the operation, quotients truncated toward zero. The operands may exceed the
-/// number type; only the result has to fit.
-template <Arithmetic kind, typename Number>
-constexpr IntResult<Number> Computed(std::int64_t a, std::int64_t b)
+/// The exact result of the operation, quotients truncated toward zero. The operands may be of wider
+/// types than the number; only the result has to fit.
+template <Arithmetic kind, typename Number, typename Left, typename Right>
+constexpr IntResult<Number> Computed(Left a, Right b)
 {
-    std::int64_t wide = 0;
-    bool wraps = false;
+    Number result = 0;
+    bool exceeds = false;
     if constexpr (kind == Arithmetic::Add) {
-        wraps = __builtin_add_overflow(a, b, &wide);
+        exceeds = __builtin_add_overflow(a, b, &result);
     } else if constexpr (kind == Arithmetic::Subtract) {
-        wraps = __builtin_sub_overflow(a, b, &wide);
+        exceeds = __builtin_sub_overflow(a, b, &result);
     } else if constexpr (kind == Arithmetic::Multiply) {
-        wraps = __builtin_mul_overflow(a, b, &wide);
+        exceeds = __builtin_mul_overflow(a, b, &result);
     } else {
         if (b == 0)
             return {0, IntStatus::DivisionByZero};
-        wraps = a == std::numeric_limits<std::int64_t>::min() && b == -1;
-        wide = wraps ? 0 : a / b;
+        // The one quotient that the operands' own type might not hold.
+        using Wide = std::common_type_t<Left, Right, Number>;
+        if (a == std::numeric_limits<Wide>::min() && b == -1)
+            return {0, IntStatus::OutOfRange};
+        return Narrowed<Number>(Wide{a} / Wide{b});
     }
-    return wraps ? IntResult<Number>{0, IntStatus::OutOfRange} : Narrowed<Number>(wide);
+    if (exceeds)
+        return {0, IntStatus::OutOfRange};
+    return {result, IntStatus::Ok};
 }
 
 /// The number truncated toward zero; it must lie between the limits before that. NaN does not.

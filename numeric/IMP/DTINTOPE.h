@@ -22,13 +22,9 @@ public:
     static Object Binary(const Operation& operation, const Object& a, const Object& b)
     {
         return Guarded(operation, [&]() -> Object {
-            if (!a.CheckDefinedForArithmetic(a, b))
-                return Object(ZelDtWmDefault);
-            if (isProductOrQuotient<kind> && b.IsNull())
-                return a;
-            if (kind == Arithmetic::Multiply && a.IsNull())
-                return b;
-            return Object(Compute<kind>(Rep::Of(a), Rep::Of(b)));
+            if (AreDefined(a, b))
+                return Object(Compute<kind>(Rep::Of(a), Rep::Of(b)));
+            return WithUndefined<kind>(a, b);
         });
     }
 
@@ -128,8 +124,21 @@ private:
 
     static int Order(std::int64_t a, std::int64_t b) { return (a > b) - (a < b); }
 
+    /// The rarer half of Binary, out of the way of the other.
     template <Arithmetic kind>
-    static Number Compute(std::int64_t a, std::int64_t b)
+    [[gnu::noinline]] static Object WithUndefined(const Object& a, const Object& b)
+    {
+        if (!a.CheckDefinedForArithmetic(a, b))
+            return Object(ZelDtWmDefault);
+        if (isProductOrQuotient<kind> && b.IsNull())
+            return a;
+        if (kind == Arithmetic::Multiply && a.IsNull())
+            return b;
+        return Object(Compute<kind>(Rep::Of(a), Rep::Of(b)));
+    }
+
+    template <Arithmetic kind, typename Left, typename Right>
+    static Number Compute(Left a, Right b)
     {
         return NumberOrRaise(Rules::kArithmetic[static_cast<int>(kind)],
                              Computed<kind, Number>(a, b));
