@@ -2,6 +2,7 @@
 
 #include "datetime/DTTIME.h"
 #include "datetime/IMP/DTDATIMI.h"
+#include "datetime/IMP/DTTIMI.h"
 #include "foundation/DTCHECK.h"
 
 namespace {
@@ -128,11 +129,12 @@ ZelDtTime ZelDtDateTime::operator-(const ZelDtDateTime& other) const
         if (CheckDefinedForArithmetic(*this, other)) {
             const std::int64_t minutes = MinutesBetween(other.m_pImp->fields, m_pImp->fields);
             // More than any time holds.
-            const long hours =
+            const std::int32_t hours =
                 zeldt::Narrowed<std::int32_t>(kMinus, zeldt::FloorDivide(minutes, 60));
-            result.SetHour(hours);
-            result.SetMin(static_cast<long>(minutes - std::int64_t{hours} * 60),
-                          ZelDtTime::Minuten);
+            ZelDtTime_Imp span(0, 0, ZelDtTime::Minuten);
+            span.SetHours(hours);
+            span.BuildTimeValue(hours, minutes - std::int64_t{hours} * 60, ZelDtTime::Minuten);
+            ZelDtTimeAccess::Store(result, span.value);
         }
         return result;
     });
