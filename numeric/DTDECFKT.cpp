@@ -3,14 +3,12 @@
 #include "foundation/DTCHECK.h"
 #include "foundation/DTFORMAT.h"
 #include "numeric/IMP/DTDECIMI.h"
-#include "platform/decimals/RWDecimalFormat.h"
 #include "platform/runtime/int32text.h"
 #include "text/IMP/DTARCTXT.h"
 #include "text/IMP/DTVIEW.h"
 
 #include <algorithm>
 #include <cstdlib>
-#include <cstring>
 #include <string>
 
 namespace {
@@ -62,14 +60,6 @@ const RWDecimal96Init decimalLibrary;
 const RWDecimal96 tenth = RWDecimal96::from(0.1);
 const RWDecimal96 twentieth = RWDecimal96::from(0.05);
 
-RWDecimalFormat MadeSqlFormat()
-{
-    RWDecimalFormat format;
-    format.setAllDecimals(true);
-    format.setRightFillChar('0');
-    return format;
-}
-
 /// Passes the number to the format as a text: plain digits and as many decimals as it has.
 void Show(const RWDecimal96& number, const ZelFormat& format, CString& shown)
 {
@@ -81,8 +71,6 @@ void Show(const RWDecimal96& number, const ZelFormat& format, CString& shown)
     else // only archives bring such a number
         format.FormatString(toString(number).data(), ZelFormat::ZelFoZahlText, shown);
 }
-
-const RWDecimalFormat sqlFormat = MadeSqlFormat();
 
 const ZelFormat& DefaultFormat()
 {
@@ -129,29 +117,66 @@ RWDecimal96 RoundedToFives(const RWDecimal96& number)
 
 // External text
 
-/// The exponent in at least three digits behind its sign.
-std::string ExponentText(std::ptrdiff_t exponent)
-{
-    const std::string digits = std::to_string(std::abs(exponent));
-    const std::size_t zeros = 3 - std::min<std::size_t>(digits.size(), 3);
-    return (exponent < 0 ? "E-" : "E+") + std::string(zeros, '0') + digits;
-}
-
-/// The plain text of a number other than 0 with one digit in front of the point and an exponent.
-std::string Scientific(std::string_view plain)
-{
-    std::string text;
-    if (plain.front() == '-') {
-        text = "-";
-        plain.remove_prefix(1);
+/// The external text of a number: one digit in front of the point, and an exponent of at least
+/// three digits. Too long for one: error 4 under the name of the conversion.
+class ExternDecimal {
+public:
+    explicit ExternDecimal(const ZelDtDecimal_Imp& number)
+    {
+        if (number.IsZero()) {
+            Append("0E+000");
+            return;
+        }
+        const zeldt::DecimalText plain(number);
+        std::string_view digits = plain.View();
+        if (digits.front() == '-') {
+            Append("-");
+            digits.remove_prefix(1);
+        }
+        AppendScientific(digits);
     }
-    const auto point = static_cast<std::ptrdiff_t>(std::min(plain.find('.'), plain.size()));
-    const auto first = static_cast<std::ptrdiff_t>(plain.find_first_of("123456789"));
-    std::string digits(plain.substr(static_cast<std::size_t>(first)));
-    digits.erase(std::remove(digits.begin(), digits.end(), '.'), digits.end());
-    text += digits.substr(0, 1) + '.' + digits.substr(1);
-    return text + ExponentText(first < point ? point - first - 1 : point - first);
-}
+
+    const char* Text() const { return m_text; }
+    int Length() const { return static_cast<int>(m_length); }
+
+private:
+    void AppendScientific(std::string_view plain)
+    {
+        const std::size_t point = std::min(plain.find('.'), plain.size());
+        const std::size_t first = plain.find_first_not_of("0.");
+        const std::string_view rest = plain.substr(first + 1);
+        Append(plain.substr(first, 1));
+        Append(".");
+        if (first < point) {
+            Append(rest.substr(0, point - first - 1));
+            Append(rest.substr(std::min(point - first, rest.size())));
+            AppendExponent("E+", point - first - 1);
+        } else {
+            Append(rest);
+            AppendExponent("E-", first - point);
+        }
+    }
+
+    void AppendExponent(std::string_view mark, std::size_t exponent)
+    {
+        Append(mark);
+        const std::string digits = std::to_string(exponent);
+        Append(std::string_view("00").substr(std::min<std::size_t>(digits.size() - 1, 2)));
+        Append(digits);
+    }
+
+    void Append(std::string_view part)
+    {
+        if (part.size() > kMostExternBytes - m_length)
+            Raise(kConvToExtern, ErrorNo::BufferTooSmall);
+        part.copy(m_text + m_length, part.size());
+        m_length += part.size();
+        m_text[m_length] = '\0';
+    }
+
+    char m_text[kMostExternBytes + 1];
+    std::size_t m_length = 0;
+};
 
 /// The exponent behind the 'E' of an external text: one character that is a minus or counts as a
 /// plus, then a number, 0 without digits. Limited to what makes any number too long.
@@ -199,18 +224,6 @@ std::string PlainFromScientific(std::string_view text)
             digits.append(whole - digits.size(), '0');
     }
     return std::string(text.substr(0, signs)) + digits;
-}
-
-/// The external text of a number. Too long for one: error 4 under the name of the conversion.
-std::string ExternText(const ZelDtDecimal_Imp& number)
-{
-    if (number.IsZero())
-        return "0E+000";
-    const RWCString plain = toString(number);
-    std::string text = Scientific({plain.data(), plain.length()});
-    if (text.size() > kMostExternBytes)
-        Raise(kConvToExtern, ErrorNo::BufferTooSmall);
-    return text;
 }
 
 } // namespace
@@ -267,10 +280,17 @@ BOOL ZelDtDecimal::IsDecimal0() const
 
 RWCString zeldt::DecimalAccess::PlainText(const ZelDtDecimal& value, std::size_t most)
 {
-    RWCString text = Number(value).PlainText();
-    if (text.length() > most)
+    const DecimalText text(Number(value));
+    const std::string_view plain = PlainText(text, most);
+    return {plain.data(), plain.size()};
+}
+
+std::string_view zeldt::DecimalAccess::PlainText(const DecimalText& text, std::size_t most)
+{
+    const std::string_view plain = text.Shortened();
+    if (plain.size() > most)
         Raise(kDecimalToAscii, ErrorNo::BufferTooSmall);
-    return text;
+    return plain;
 }
 
 const char* ZelDtDecimal::DecimalToAscii(char* buffer) const
@@ -278,8 +298,10 @@ const char* ZelDtDecimal::DecimalToAscii(char* buffer) const
     return Guarded(kDecimalToAscii, [&] {
         if (buffer == nullptr)
             Raise(kDecimalToAscii, ErrorNo::InitialValue);
-        const RWCString text = Access::PlainText(*this, kMostAsciiBytes);
-        return static_cast<const char*>(std::memcpy(buffer, text.data(), text.length() + 1));
+        const zeldt::DecimalText text(*m_pImp);
+        const std::string_view plain = Access::PlainText(text, kMostAsciiBytes);
+        buffer[plain.copy(buffer, plain.size())] = '\0';
+        return static_cast<const char*>(buffer);
     });
 }
 
@@ -320,7 +342,10 @@ void ZelDtDecimal::SetFromSQL(const char* text)
 ZelDtString ZelDtDecimal::ConvToSQL() const
 {
     return Guarded(kConvToSQL, [&] {
-        return IsDefined() ? ZelDtString(sqlFormat(*m_pImp).data()) : ZelDtString("NULL");
+        if (!IsDefined())
+            return ZelDtString("NULL");
+        const zeldt::DecimalText text(*m_pImp);
+        return ZelDtString(text.View().data(), static_cast<int>(text.View().size()));
     });
 }
 
@@ -380,11 +405,14 @@ DEC ZelDtDecimal::ConvToBTR(BOOL& defined) const
 ZelDtString ZelDtDecimal::ConvToExtern(int& defined, unsigned short& version) const
 {
     return Guarded(kConvToExtern, [&] {
-        const ZelDtString text =
-            IsDefined() ? ZelDtString(ExternText(*m_pImp).c_str()) : ZelDtString(ZelDtWmDefault);
+        const auto made = [this] {
+            const ExternDecimal text(*m_pImp);
+            return ZelDtString(text.Text(), text.Length());
+        };
+        ZelDtString result = IsDefined() ? made() : ZelDtString(ZelDtWmDefault);
         defined = IsDefined();
         version = kExternVersion;
-        return text;
+        return result;
     });
 }
 

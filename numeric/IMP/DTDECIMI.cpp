@@ -95,6 +95,12 @@ bool IsPlainNumber(std::string_view text)
 /// The number of a text that may have commas and blanks anywhere; see the constructor.
 RWDecimal96 ReadText(std::string_view text)
 {
+    // Most texts are what the decimal library reads, and not too long whatever their digits.
+    if (text.size() <= kMostDigits) {
+        const RWDecimal96 read(text.data(), text.size());
+        if (!read.isNull())
+            return read;
+    }
     if (text.size() > kMostBytes)
         Raise(kFromText, ErrorNo::InputTooLong);
     const std::size_t point = text.find('.');
@@ -200,17 +206,23 @@ RWDecimal96 ZelDtDecimal_Imp::ConvAsciiToRW96(std::string_view text)
     return read;
 }
 
-RWCString ZelDtDecimal_Imp::PlainText() const
+zeldt::DecimalText::DecimalText(const RWDecimal96& number)
 {
-    RWCString text = toString(*this);
-    const std::string_view view(text.data(), text.length());
-    if (view.find('.') != view.npos) {
-        std::size_t length = view.find_last_not_of('0') + 1;
-        if (view[length - 1] == '.')
-            --length;
-        text.replace(length, view.size() - length, nullptr);
-    }
-    return text;
+    const std::size_t length = number.print(m_text, sizeof m_text);
+    m_view = {m_text, length};
+    if (length < sizeof m_text)
+        return;
+    m_long.resize(length);
+    number.print(m_long.data(), length + 1);
+    m_view = m_long;
+}
+
+std::string_view zeldt::DecimalText::Shortened() const noexcept
+{
+    if (m_view.find('.') == m_view.npos)
+        return m_view;
+    const std::size_t last = m_view.find_last_not_of('0');
+    return m_view.substr(0, m_view[last] == '.' ? last : last + 1);
 }
 
 void ZelDtDecimal_Imp::ConvDecToCString(CString& field) const

@@ -10,6 +10,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 /// A number of the decimal library, with the conversions that it lacks.
@@ -61,9 +62,6 @@ public:
     /// of currencies: 8 behind.
     COleCurrency ToCurrency() const;
 
-    /// Without zeros at the end of the decimals, nor a point that would then be last.
-    RWCString PlainText() const;
-
     /// Writes the number into the own buffer of a record set's field, "0.00" for zero and otherwise
     /// with at least one decimal. A text that does not fit is 4 behind; nothing is then written.
     void ConvDecToCString(CString& field) const;
@@ -87,6 +85,23 @@ private:
 static_assert(sizeof(ZelDtDecimal_Imp) == sizeof(RWDecimal96), "it adds conversions, no data");
 
 namespace zeldt {
+
+/// The plain digits of a number, as toString gives them; nearly always without an allocation.
+class DecimalText {
+public:
+    explicit DecimalText(const RWDecimal96& number);
+    DecimalText(const DecimalText&) = delete;
+    DecimalText& operator=(const DecimalText&) = delete;
+
+    std::string_view View() const noexcept { return m_view; }
+    /// Without zeros at the end of the decimals, nor a point that would then be last.
+    std::string_view Shortened() const noexcept;
+
+private:
+    char m_text[RWDecimal96::kTextRoom];
+    std::string m_long; ///< for what does not fit there, as only numbers from records do not
+    std::string_view m_view;
+};
 
 /// Runs a calculation with decimal numbers under the name of `operation`, with this library's
 /// handlers in force.
@@ -133,6 +148,8 @@ struct DecimalAccess {
 
     /// What DecimalToAscii writes. More than `most` characters are error 4 under its name.
     static RWCString PlainText(const ZelDtDecimal& value, std::size_t most);
+    /// The same, of a text that lives longer.
+    static std::string_view PlainText(const DecimalText& text, std::size_t most);
 };
 
 } // namespace zeldt

@@ -160,7 +160,8 @@ template <typename Order>
 int Compare(const Operation& operation, const ZelDtDecimal& a, const ZelDtDecimal& b)
 {
     RequireReadable(operation, a, b);
-    return Calculate(operation, [&] {
+    // Exact, so no handler is needed.
+    return Guarded(operation, [&] {
         return Order()(DecimalAccess::Number(a), DecimalAccess::Number(b)) ? 1 : 0;
     });
 }
