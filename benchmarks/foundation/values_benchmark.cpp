@@ -9,6 +9,8 @@
 #include "benchmarks/peers/values.h"
 #include "numeric/DTLONG.h"
 
+#include <thread>
+
 namespace zelbench {
 
 namespace {
@@ -51,8 +53,11 @@ struct ValueJobs {
     Job addFour{"value/add-four"};
     Job addMany{"value/add-many"};
     Job hold{"value/hold-10000", kHeld};
+    Job alone{"value/make-1-thread", kMade};
+    Job beside{"value/make-2-threads", kMade};
 
     static constexpr std::size_t kHeld = 10000;
+    static constexpr std::size_t kMade = 100000;
 
     template <typename Value>
     void Add(const std::string& contender)
@@ -77,6 +82,7 @@ struct ValueJobs {
         });
         AddBeyondCache<Value>(contender);
         AddHeld<Value>(contender, numbers);
+        AddThreads<Value>(contender);
     }
 
 private:
@@ -100,6 +106,31 @@ private:
             for (int i = 0; i < static_cast<int>(kHeld); ++i)
                 held.emplace_back(first + i);
             return held.back().GetValue();
+        });
+    }
+
+    template <typename Value>
+    static long MakeAndDrop(int first)
+    {
+        long last = 0;
+        for (int i = 0; i < static_cast<int>(kMade); ++i) {
+            Value value(first + i);
+            benchmark::DoNotOptimize(value);
+            last = value.GetValue();
+        }
+        return last;
+    }
+
+    /// The same work on one thread, timed alone and while a second thread does it too.
+    template <typename Value>
+    void AddThreads(const std::string& contender)
+    {
+        alone.Add(contender, ShareOne(1), &MakeAndDrop<Value>);
+        beside.Add(contender, ShareOne(1), [](int first) {
+            std::thread other([first] { MakeAndDrop<Value>(first); });
+            const long last = MakeAndDrop<Value>(first);
+            other.join();
+            return last;
         });
     }
 };
