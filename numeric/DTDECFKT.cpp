@@ -278,13 +278,6 @@ BOOL ZelDtDecimal::IsDecimal0() const
     return m_pImp->IsZero();
 }
 
-RWCString zeldt::DecimalAccess::PlainText(const ZelDtDecimal& value, std::size_t most)
-{
-    const DecimalText text(Number(value));
-    const std::string_view plain = PlainText(text, most);
-    return {plain.data(), plain.size()};
-}
-
 std::string_view zeldt::DecimalAccess::PlainText(const DecimalText& text, std::size_t most)
 {
     const std::string_view plain = text.Shortened();

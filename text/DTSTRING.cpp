@@ -109,9 +109,9 @@ ZelDtString_Imp* NewDecimalText(const ZelDtDecimal& source)
 {
     if (!source.IsDefined())
         return new ZelDtString_Imp;
-    const RWCString text = zeldt::DecimalAccess::PlainText(source, kDecimalAllocLength);
-    return new ZelDtString_Imp({text.data(), text.length()}, static_cast<int>(text.length()),
-                               kDecimalAllocLength);
+    const zeldt::DecimalText text(zeldt::DecimalAccess::Number(source));
+    const std::string_view plain = zeldt::DecimalAccess::PlainText(text, kDecimalAllocLength);
+    return new ZelDtString_Imp(plain, static_cast<int>(plain.size()), kDecimalAllocLength);
 }
 
 /// A text with exactly its room, in one of the layouts of SQL_Language.

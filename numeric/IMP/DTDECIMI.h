@@ -146,9 +146,8 @@ struct DecimalAccess {
     /// A result: defined in the default mode.
     static ZelDtDecimal Result(const RWDecimal96& number) { return ZelDtDecimal(number); }
 
-    /// What DecimalToAscii writes. More than `most` characters are error 4 under its name.
-    static RWCString PlainText(const ZelDtDecimal& value, std::size_t most);
-    /// The same, of a text that lives longer.
+    /// What DecimalToAscii writes, as long as `text` lives. More than `most` characters are error 4
+    /// under its name.
     static std::string_view PlainText(const DecimalText& text, std::size_t most);
 };
 
