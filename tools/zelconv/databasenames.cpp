@@ -22,7 +22,7 @@ bool IsLetter(char character)
            character == '_';
 }
 
-bool IsPlain(std::string_view name)
+bool IsPlainName(std::string_view name)
 {
     return IsLetter(name.front()) && std::all_of(name.begin(), name.end(), [](char character) {
                return IsLetter(character) || (character >= '0' && character <= '9');
@@ -46,7 +46,7 @@ std::string QuotedName(std::string_view name, std::string_view quote)
 {
     RequireName(name);
     const bool isBare = quote.empty() || quote == " ";
-    if (isBare ? !IsPlain(name) : name.find(quote) != name.npos)
+    if (isBare ? !IsPlainName(name) : name.find(quote) != name.npos)
         RefuseName(name);
     const std::string around(isBare ? std::string_view() : quote);
     return around + std::string(name) + around;
