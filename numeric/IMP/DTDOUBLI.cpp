@@ -2,9 +2,9 @@
 
 #include "foundation/DTGUARD.h"
 #include "platform/runtime/digits.h"
+#include "platform/runtime/exactpowers.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -104,18 +104,6 @@ std::string_view WithoutSpace(std::string_view text)
     return text;
 }
 
-constexpr std::array<double, 23> MakeExactPowers()
-{
-    std::array<double, 23> powers{1};
-    for (std::size_t i = 1; i < powers.size(); ++i)
-        powers[i] = powers[i - 1] * 10;
-    return powers;
-}
-
-/// The powers of ten that a double holds exactly.
-constexpr std::array<double, 23> kExactPowers = MakeExactPowers();
-static_assert(kExactPowers.back() == 1E22);
-
 /// Reads a number of few digits, with or without a point, that is the quotient of a whole number
 /// and a power of ten that a double holds both: dividing rounds once, so that it gives the nearest
 /// double. False for any other text.
@@ -142,7 +130,8 @@ bool ReadShort(std::string_view number, double& magnitude, const char*& end)
     const bool hasExponent = p != last && (*p == 'e' || *p == 'E');
     if (digits == 0 || digits > mostDigits || whole > exactLimit || hasExponent)
         return false;
-    magnitude = static_cast<double>(whole) / kExactPowers[static_cast<std::size_t>(decimals)];
+    magnitude =
+        static_cast<double>(whole) / zelrt::kExactPowersOfTen[static_cast<std::size_t>(decimals)];
     end = p;
     return true;
 }

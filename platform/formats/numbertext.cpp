@@ -2,9 +2,9 @@
 
 #include "platform/formats/numberscan.h"
 #include "platform/runtime/digits.h"
+#include "platform/runtime/exactpowers.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
@@ -34,18 +34,6 @@ constexpr NumberRules kTechnical = ModeNumberRules('.', '\0');
 /// Doubles from here on are shown with an exponent by the modes, and those below the other limit.
 constexpr double kExponentFrom = 1E15;
 constexpr double kExponentBelow = 1E-5;
-
-constexpr std::array<double, 23> MakePowersOfTen()
-{
-    std::array<double, 23> powers{1};
-    for (std::size_t i = 1; i < powers.size(); ++i)
-        powers[i] = powers[i - 1] * 10;
-    return powers;
-}
-
-/// The powers of ten that a double holds exactly.
-constexpr std::array<double, 23> kPowersOfTen = MakePowersOfTen();
-static_assert(kPowersOfTen.back() == 1E22);
 
 /// Up to here a double holds every whole number.
 constexpr std::uint64_t kExactLimit = std::uint64_t{1} << 53;
@@ -208,15 +196,15 @@ private:
     /// same double back, no other number of few digits does.
     bool TryWhole(double magnitude, std::uint32_t decimals)
     {
-        if (decimals >= kPowersOfTen.size())
+        if (decimals >= zelrt::kExactPowersOfTen.size())
             return false;
-        const double scaled = magnitude * kPowersOfTen[decimals];
+        const double scaled = magnitude * zelrt::kExactPowersOfTen[decimals];
         if (!(scaled < kSurelyDistinct))
             return false;
         // A wrong neighbour does not give the same double back.
         // NOLINTNEXTLINE(bugprone-incorrect-roundings)
         const auto whole = static_cast<std::uint64_t>(scaled + 0.5);
-        if (static_cast<double>(whole) / kPowersOfTen[decimals] != magnitude)
+        if (static_cast<double>(whole) / zelrt::kExactPowersOfTen[decimals] != magnitude)
             return false;
 
         constexpr std::size_t room = 16;
@@ -325,13 +313,14 @@ Status ReadGeneralInteger(std::string_view text, const NumberRules& rules, std::
 bool ToDoubleAtOnce(std::string_view digits, std::int64_t exponent, double& magnitude)
 {
     const auto distance = static_cast<std::uint64_t>(std::abs(exponent));
-    if (digits.size() > kDigits64 || distance >= kPowersOfTen.size())
+    if (digits.size() > kDigits64 || distance >= zelrt::kExactPowersOfTen.size())
         return false;
     const std::uint64_t whole = ValueOf(digits);
     if (whole > kExactLimit)
         return false;
     const auto number = static_cast<double>(whole);
-    magnitude = exponent < 0 ? number / kPowersOfTen[distance] : number * kPowersOfTen[distance];
+    magnitude = exponent < 0 ? number / zelrt::kExactPowersOfTen[distance]
+                             : number * zelrt::kExactPowersOfTen[distance];
     return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include "tools/zelconv/charset.h"
 #include "tools/zelconv/fault.h"
+#include "tools/zelconv/plainname.h"
 
 #include <algorithm>
 
@@ -14,19 +15,6 @@ bool IsNeverInNames(char character)
 {
     return static_cast<unsigned char>(character) < ' ' || character == '`' || character == '"' ||
            character == '\'';
-}
-
-bool IsLetter(char character)
-{
-    return (character >= 'A' && character <= 'Z') || (character >= 'a' && character <= 'z') ||
-           character == '_';
-}
-
-bool IsPlainName(std::string_view name)
-{
-    return IsLetter(name.front()) && std::all_of(name.begin(), name.end(), [](char character) {
-               return IsLetter(character) || (character >= '0' && character <= '9');
-           });
 }
 
 [[noreturn]] void RefuseName(std::string_view name)

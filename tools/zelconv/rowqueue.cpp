@@ -48,25 +48,24 @@ void RowQueue::Finish()
 {
     if (m_count != 0)
         HandOver();
-    if (!m_thread.joinable())
-        return;
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_isEnding = true;
-        m_changed.notify_all();
-    }
-    m_thread.join();
+    End(m_isEnding);
     if (m_failure != nullptr)
         std::rethrow_exception(m_failure);
 }
 
 void RowQueue::Abandon() noexcept
 {
+    End(m_isAbandoned);
+}
+
+/// Ends the thread as the flag says, if there is one.
+void RowQueue::End(bool& how) noexcept
+{
     if (!m_thread.joinable())
         return;
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        m_isAbandoned = true;
+        how = true;
         m_changed.notify_all();
     }
     m_thread.join();

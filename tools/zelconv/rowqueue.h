@@ -38,6 +38,7 @@ public:
 
 private:
     void HandOver();
+    void End(bool& how) noexcept;
     void Run() noexcept;
     bool Next(std::string& rows);
 
@@ -48,8 +49,8 @@ private:
     std::mutex m_mutex; ///< for all below
     std::condition_variable m_changed;
     std::string m_waiting;
-    bool m_isEnding = false;
-    bool m_isAbandoned = false;
+    bool m_isEnding = false;    ///< behind the rows that wait
+    bool m_isAbandoned = false; ///< at once
     std::exception_ptr m_failure;
     std::thread m_thread;
 };

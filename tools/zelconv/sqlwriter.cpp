@@ -1,4 +1,5 @@
 #include "tools/zelconv/charset.h"
+#include "tools/zelconv/plainname.h"
 #include "tools/zelconv/writer.h"
 
 #include <algorithm>
@@ -6,19 +7,6 @@
 namespace zelconv {
 
 namespace {
-
-bool IsLetter(char character)
-{
-    return (character >= 'A' && character <= 'Z') || (character >= 'a' && character <= 'z') ||
-           character == '_';
-}
-
-bool IsPlainName(std::string_view name)
-{
-    return IsLetter(name.front()) && std::all_of(name.begin(), name.end(), [](char character) {
-               return IsLetter(character) || (character >= '0' && character <= '9');
-           });
-}
 
 /// A name as SQL writes it. Texts stand in double quotes, so names cannot; those that are not
 /// plain stand in square brackets.

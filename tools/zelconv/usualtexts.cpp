@@ -1,5 +1,6 @@
 #include "tools/zelconv/usualtexts.h"
 
+#include "platform/runtime/exactpowers.h"
 #include "text/IMP/DTQUOTE.h"
 #include "tools/zelconv/textview.h"
 
@@ -34,10 +35,7 @@ struct UsualNumber {
     /// 10^places; at most kMostDigits.
     static double PowerOf(int places)
     {
-        static constexpr std::array kPowers = {1E0, 1E1, 1E2,  1E3,  1E4,  1E5,  1E6,  1E7,
-                                               1E8, 1E9, 1E10, 1E11, 1E12, 1E13, 1E14, 1E15};
-        static_assert(kPowers.size() == kMostDigits + 1);
-        return kPowers[static_cast<std::size_t>(places)];
+        return zelrt::kExactPowersOfTen[static_cast<std::size_t>(places)];
     }
 
     /// The nearest double, because both parts are exact ones.

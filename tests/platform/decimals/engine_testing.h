@@ -89,6 +89,17 @@ Outcome OutcomeOf(Operation&& operation)
     }
 }
 
+/// Checks every comparison of two numbers; `order` is below, above or equal to 0 as they are.
+inline void ExpectOrder(const RWDecimal96& left, const RWDecimal96& right, int order)
+{
+    EXPECT_EQ(left == right, order == 0 ? 1 : 0);
+    EXPECT_EQ(left != right, order != 0 ? 1 : 0);
+    EXPECT_EQ(left < right, order < 0 ? 1 : 0);
+    EXPECT_EQ(left > right, order > 0 ? 1 : 0);
+    EXPECT_EQ(left <= right, order <= 0 ? 1 : 0);
+    EXPECT_EQ(left >= right, order >= 0 ? 1 : 0);
+}
+
 /// Expected outcomes as tables name them.
 inline const Outcome kOverflow = {Outcome::Overflow, "", false};
 inline const Outcome kNull = {Outcome::Null, "", false};

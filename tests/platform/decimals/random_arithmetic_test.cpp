@@ -145,11 +145,6 @@ TEST(RandomArithmetic, Comparisons)
         const RawDecimal left(a);
         const RawDecimal right(b);
         SCOPED_TRACE(Show(a) + " and " + Show(b));
-        EXPECT_EQ(left == right, order == 0 ? 1 : 0);
-        EXPECT_EQ(left != right, order != 0 ? 1 : 0);
-        EXPECT_EQ(left < right, order < 0 ? 1 : 0);
-        EXPECT_EQ(left > right, order > 0 ? 1 : 0);
-        EXPECT_EQ(left <= right, order <= 0 ? 1 : 0);
-        EXPECT_EQ(left >= right, order >= 0 ? 1 : 0);
+        ExpectOrder(left, right, order);
     }
 }

@@ -44,13 +44,7 @@ void CheckAll(const Decimal& a, const Decimal& b)
     for (const auto& operation : kOperations)
         EXPECT_EQ(OutcomeOf([&] { return operation.first(left, right); }),
                   operation.second(a, b).Show());
-    const int order = model::Compare(a, b);
-    EXPECT_EQ(left == right, order == 0 ? 1 : 0);
-    EXPECT_EQ(left != right, order != 0 ? 1 : 0);
-    EXPECT_EQ(left < right, order < 0 ? 1 : 0);
-    EXPECT_EQ(left > right, order > 0 ? 1 : 0);
-    EXPECT_EQ(left <= right, order <= 0 ? 1 : 0);
-    EXPECT_EQ(left >= right, order >= 0 ? 1 : 0);
+    ExpectOrder(left, right, model::Compare(a, b));
 }
 
 /// Both sides of every limit: of words, of digits, of what has room in sums.
