@@ -63,10 +63,10 @@ TEST(AnsiCase, OfTextsIsThatOfTheirBytes)
             std::string upper;
             std::string lower;
             for (std::size_t i = 0; i < size; ++i) {
-                const auto byte = static_cast<unsigned char>(first + i);
-                text += static_cast<char>(byte);
-                upper += static_cast<char>(AnsiToUpper(byte));
-                lower += static_cast<char>(AnsiToLower(byte));
+                const auto code = static_cast<unsigned char>(first + i);
+                text += static_cast<char>(code);
+                upper += static_cast<char>(AnsiToUpper(code));
+                lower += static_cast<char>(AnsiToLower(code));
             }
             std::string changed = text;
             zelrt::AnsiMakeUpper(changed.data(), changed.size());
@@ -84,9 +84,9 @@ TEST(OemTranslation, EqualsTheByteWiseOneForAllBytes)
             std::string text;
             std::string expected;
             for (std::size_t i = 0; i < size; ++i) {
-                const auto byte = static_cast<unsigned char>(first + i * 5);
-                text += static_cast<char>(byte);
-                expected += static_cast<char>(zelrt::kOem850ToAnsi[byte]);
+                const auto code = static_cast<unsigned char>(first + i * 5);
+                text += static_cast<char>(code);
+                expected += static_cast<char>(zelrt::kOem850ToAnsi[code]);
             }
             zelrt::TranslateInPlace(text.data(), text.size(), zelrt::kOem850ToAnsi);
             ASSERT_EQ(text, expected);
