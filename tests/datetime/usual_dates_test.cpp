@@ -65,13 +65,13 @@ TEST(UsualDates, AreRead)
 
 TEST(UsualDates, AreThoseOfThePlainRule)
 {
-    // Every byte at every place, and every length.
+    // Every code at every place, and every length.
     for (const std::string usual : {"17.06.2048", "00.90.0009", "31.12.1999 07:05"}) {
         for (std::size_t at = 0; at < usual.size() && at < 12; ++at) {
             EXPECT_EQ(ReadExactly(usual.substr(0, at)), ReadPlainly(usual.substr(0, at)));
-            for (int byte = 1; byte < 256; ++byte) {
+            for (int code = 1; code < 256; ++code) {
                 std::string text = usual;
-                text[at] = static_cast<char>(byte);
+                text[at] = static_cast<char>(code);
                 ASSERT_EQ(ReadExactly(text), ReadPlainly(text)) << text;
             }
         }
