@@ -45,6 +45,7 @@ struct FreeList {
 
 inline constexpr std::size_t kBlockSizes[] = {32, 64};
 inline constexpr std::size_t kBlockSizeCount = sizeof kBlockSizes / sizeof kBlockSizes[0];
+
 /// Longest list that a thread keeps to itself, and what it hands over when it grows beyond.
 inline constexpr std::ptrdiff_t kMaxListLength = 2048;
 inline constexpr std::ptrdiff_t kBatchLength = 256;
