@@ -38,6 +38,12 @@ if [ ! -e "$WINEPREFIX/.ready" ]; then
   wineserver -w 9>&-
   touch "$WINEPREFIX/.ready"
 fi
+# Wine's services keep the error output of the program that began the session. Were it a pipe of a
+# test's, its reader would wait for their end, which comes only after every other program's. So the
+# session is begun here, with nothing to keep, and outlives its last program by some seconds.
+if wineserver -p10 </dev/null >/dev/null 2>&1 9>&-; then
+  LC_ALL="$locale" "$wine" wineboot </dev/null >/dev/null 2>&1 9>&-
+fi
 exec 9>&-
 
 exec env LC_ALL="$locale" "$wine" "$program" "$@"
