@@ -2,7 +2,7 @@
 # Measures the library: installs the peers, builds everything optimised, runs all benchmarks and
 # writes what they found into docs/performance.md.
 #
-#   ./bench.sh             everything, about an hour and a quarter; wants an idle machine
+#   ./bench.sh             everything, about three quarters of an hour; wants an idle machine
 #   ./bench.sh --quick     a few jobs, a minute; only prints a table
 #   ./bench.sh --windows   only the program for Windows under Wine; only prints a table
 #
@@ -47,13 +47,6 @@ has_windows() {
   command -v x86_64-w64-mingw32-g++-posix >/dev/null && command -v wine64 wine >/dev/null
 }
 
-measure_windows() { # OPTION...
-  begin "Windows: build"
-  build bench-windows all
-  begin "Windows: jobs under Wine"
-  benchmarks/run.py --windows "$@"
-}
-
 quick() {
   begin "packages"
   cmake/install-packages.sh bench
@@ -66,38 +59,43 @@ quick() {
 only_windows() {
   begin "packages"
   cmake/install-packages.sh bench windows
-  measure_windows
+  begin "build"
+  build bench-windows all
+  begin "jobs under Wine"
+  benchmarks/run.py --windows
 }
 
 everything() {
   begin "packages"
   cmake/install-packages.sh bench tools recordsets
   begin "build"
+  local builds=(build/bench)
   build bench all
   build release zelconv
+  if has_windows; then
+    build bench-windows all
+    builds+=(build/bench-windows)
+  else
+    echo "Neither mingw-w64 nor Wine: no Windows programs. cmake/install-packages.sh windows"
+  fi
   rm -rf "$results"
   mkdir -p "$results"
 
   begin "instructions"
   benchmarks/instructions.py --csv "$results/instructions.csv"
   begin "size and start-up"
-  benchmarks/startup/run.py build/bench | tee "$results/startup.txt"
+  benchmarks/startup/run.py --csv "$results/startup.csv" "${builds[@]}"
   begin "jobs"
   benchmarks/run.py --json "$results/program.json"
   begin "zelconv"
-  if [ -e benchmarks/zelconv/run.py ]; then
-    benchmarks/zelconv/run.py | tee "$results/zelconv.txt"
-  fi
+  benchmarks/zelconv/run.py | tee "$results/zelconv.txt"
   begin "record sets"
-  benchmarks/recordsets.py | tee "$results/recordsets.txt"
+  benchmarks/recordsets.py --repetitions 3 | tee "$results/recordsets.txt"
   begin "growth"
   benchmarks/scaling.py
   if has_windows; then
-    measure_windows --json "$results/windows.json"
-    begin "Windows: size and start-up"
-    benchmarks/startup/run.py build/bench-windows | tee -a "$results/startup.txt"
-  else
-    echo "Neither mingw-w64 nor Wine: no Windows programs. cmake/install-packages.sh windows"
+    begin "Windows: jobs under Wine"
+    benchmarks/run.py --windows --json "$results/windows.json"
   fi
   begin "docs/performance.md"
   benchmarks/report.py

@@ -4,8 +4,9 @@
     benchmarks/report.py [--results FOLDER] [--output FILE]
 
 The folder holds what bench.sh leaves in it: program.json and windows.json of run.py --json,
-recordsets.txt, zelconv.txt and startup.txt as those scripts print them, and instructions.csv. What
-is missing is left out. Why a bar is missed comes from notes.md beside this script.
+recordsets.txt and zelconv.txt as those scripts print them, instructions.csv and startup.csv. What
+is missing is left out. Why a bar is missed comes from notes.md beside this script, and what an
+older state needed from the folder before.
 """
 
 import argparse
@@ -247,20 +248,35 @@ def scripts_section(results, notes):
             lines += [f"### {heading}", "", explanation, "",
                       *columns_table(path.read_text(encoding="utf-8"), numbers),
                       *missed_imports(path.read_text(encoding="utf-8"), notes)]
-    counts = results / "instructions.csv"
-    if counts.exists():
-        with open(counts, encoding="ascii", newline="") as source:
-            headings, *rows = csv.reader(source)
-        lines += ["## Instructions", "",
-                  "The processor's instructions for one operation, as `benchmarks/instructions.py` "
-                  "counts them; no noise disturbs these.", "", *table(headings, rows, 1)]
-    startup = results / "startup.txt"
-    if startup.exists():
-        lines += ["## Size and start-up", "",
-                  "Bytes of each library without symbols and of its code, and microseconds of "
-                  "loading `ZELQRNDT017` with all it needs, as `benchmarks/startup/run.py` prints "
-                  "them.", "", "```", startup.read_text(encoding="utf-8").rstrip(), "```", ""]
+    for name, heading, explanation in (
+            ("instructions.csv", "Instructions",
+             "The processor's instructions for one operation, as `benchmarks/instructions.py` "
+             "counts them; no noise disturbs these."),
+            ("startup.csv", "Size and start-up",
+             "Bytes of each library without symbols and of its code, and microseconds of loading "
+             "`ZELQRNDT017` with all it needs, as `benchmarks/startup/run.py` measures them.")):
+        path = results / name
+        if path.exists():
+            lines += [f"## {heading}", "", explanation,
+                      "[Before](../benchmarks/before/README.md) is an older state.", "",
+                      *with_before(path, ROOT / "benchmarks/before" / name)]
     return lines
+
+
+def figures_of(path):
+    """The headings of a CSV file, and its last column by the cells in front of it."""
+    with open(path, encoding="ascii", newline="") as source:
+        headings, *rows = csv.reader(source)
+    return headings, {tuple(cells): figure for *cells, figure in rows}
+
+
+def with_before(path, before):
+    """A table of the figures with those of an older state and what became of them."""
+    headings, now = figures_of(path)
+    _, old = figures_of(before)
+    rows = [(*cells, old[cells], figure, f"{float(figure) / float(old[cells]):.2f}")
+            if cells in old else (*cells, "", figure, "") for cells, figure in now.items()]
+    return table((*headings[:-1], "before", "now", "now/before"), rows, len(headings) - 1)
 
 
 def growth_section():

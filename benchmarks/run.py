@@ -111,7 +111,7 @@ def parse_arguments():
 
 def run(arguments):
     """The medians by job and contender, in the program's order: {job: {contender: ns}}."""
-    repetitions, min_time = (3, "0.04") if arguments.quick else (7, "0.25")
+    repetitions, min_time = (3, "0.04") if arguments.quick else (7, "0.1")
     with tempfile.TemporaryDirectory() as folder:
         report = pathlib.Path(folder) / "report.json"
         # To Wine the whole file system is a drive.

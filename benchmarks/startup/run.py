@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Measures how large the libraries are and how long loading the value classes takes.
 
-    benchmarks/startup/run.py [--program FILE] [--times N] [FOLDER...]
+    benchmarks/startup/run.py [--program FILE] [--times N] [--csv FILE] [FOLDER...]
 
 For each build folder (default: that of the preset 'bench'): bytes of every library without symbols
 and of its code; medians in microseconds of loading and unloading the library of the value classes
@@ -10,6 +10,7 @@ The libraries of a Windows folder are loaded under Wine.
 """
 
 import argparse
+import csv
 import pathlib
 import shutil
 import statistics
@@ -32,6 +33,8 @@ def parse_arguments():
                         help="the program that loads (default: zel_startup of the folder)")
     parser.add_argument("--times", type=int, default=100, metavar="N",
                         help="loads in one process")
+    parser.add_argument("--csv", type=pathlib.Path, metavar="FILE",
+                        help="write the figures there too")
     return parser.parse_args()
 
 
@@ -89,27 +92,34 @@ def code_size(listing):
     return 0
 
 
-def report(folder, arguments):
+def figures(folder, arguments):
+    """Yields (system, what, figure), each when it is known."""
     target = Target(folder, arguments.program)
-    print(folder)
-    print(f"  {'library':<24}{'bytes':>10}{'code':>10}")
+    system = "Windows" if target.is_windows else "Linux"
     for library in target.libraries:
         size, code = sizes(library.resolve(), target.tools)
-        print(f"  {library.name:<24}{size:>10}{code:>10}")
+        yield system, f"{library.name}, bytes", size
+        yield system, f"{library.name}, code", code
     # The first process makes the prefix for Wine.
     target.run()
-    first = statistics.median(target.load(1)[0] for _ in range(STARTS))
-    again = statistics.median(target.load(arguments.times)[1:])
-    empty = statistics.median(target.start() for _ in range(STARTS))
-    print(f"  {'first load (us)':<24}{first:>10.0f}")
-    print(f"  {'load again (us)':<24}{again:>10.0f}")
-    print(f"  {'empty program (us)':<24}{empty:>10.0f}")
+    first = [target.load(1)[0] for _ in range(STARTS)]
+    yield system, "first load (us)", round(statistics.median(first))
+    again = target.load(arguments.times)[1:]
+    yield system, "load again (us)", round(statistics.median(again))
+    empty = [target.start() for _ in range(STARTS)]
+    yield system, "empty program (us)", round(statistics.median(empty))
 
 
 def main():
     arguments = parse_arguments()
+    lines = []
     for folder in arguments.folders:
-        report(folder, arguments)
+        for system, what, figure in figures(folder, arguments):
+            print(f"{system:<8}  {what:<32}{figure:>10}", flush=True)
+            lines.append((system, what, figure))
+    if arguments.csv:
+        with open(arguments.csv, "w", encoding="ascii", newline="") as out:
+            csv.writer(out, lineterminator="\n").writerows([("system", "what", "now"), *lines])
 
 
 if __name__ == "__main__":

@@ -4,6 +4,7 @@
 import importlib.util
 import pathlib
 import sys
+import tempfile
 import unittest
 import xml.etree.ElementTree
 
@@ -147,6 +148,24 @@ class Page(unittest.TestCase):
             "| rows | contender | ratio |", "| --- | ---: | ---: |", "| 10 | ours |  |",
             "| 10 | a peer | 1.50 |", ""])
         self.assertEqual(report.columns_table("", 1), [])
+
+    def test_figures_stand_beside_those_of_an_older_state(self):
+        with tempfile.TemporaryDirectory() as folder:
+            now, before = (pathlib.Path(folder) / name for name in ("now.csv", "before.csv"))
+            now.write_text('system,what,now\nLinux,"a, bytes",50\nLinux,new,7\n')
+            before.write_text('system,what,now\nLinux,"a, bytes",200\nWindows,new,9\n')
+            self.assertEqual(report.with_before(now, before), [
+                "| system | what | before | now | now/before |",
+                "| --- | --- | ---: | ---: | ---: |",
+                "| Linux | a, bytes | 200 | 50 | 0.25 |", "| Linux | new |  | 7 |  |", ""])
+
+    def test_the_older_state_has_figures_of_everything_that_is_counted(self):
+        headings, counts = report.figures_of(BENCHMARKS / "before/instructions.csv")
+        self.assertEqual(headings, ["operation", "now"])
+        self.assertGreaterEqual(len(counts), 10)
+        headings, figures = report.figures_of(BENCHMARKS / "before/startup.csv")
+        self.assertEqual(headings, ["system", "what", "now"])
+        self.assertEqual({system for system, _ in figures}, {"Linux", "Windows"})
 
     def test_the_notes_of_the_benchmarks_can_be_read(self):
         text = (BENCHMARKS / "notes.md").read_text(encoding="utf-8")
