@@ -3,6 +3,7 @@
 #include "foundation/DTCHECK.h"
 #include "foundation/DTFORMAT.h"
 #include "numeric/IMP/DTDECIMI.h"
+#include "numeric/IMP/DTDECSQL.h"
 #include "platform/runtime/int32text.h"
 #include "text/IMP/DTARCTXT.h"
 #include "text/IMP/DTVIEW.h"
@@ -335,10 +336,13 @@ void ZelDtDecimal::SetFromSQL(const char* text)
 ZelDtString ZelDtDecimal::ConvToSQL() const
 {
     return Guarded(kConvToSQL, [&] {
-        if (!IsDefined())
-            return ZelDtString("NULL");
-        const zeldt::DecimalText text(*m_pImp);
-        return ZelDtString(text.View().data(), static_cast<int>(text.View().size()));
+        char text[zeldt::kDecimalSqlRoom];
+        const std::size_t length = zeldt::WriteSql(*this, text, sizeof text);
+        if (length < sizeof text)
+            return ZelDtString(text, static_cast<int>(length));
+        std::string longText(length, '\0');
+        zeldt::WriteSql(*this, longText.data(), length + 1);
+        return ZelDtString(longText.data(), static_cast<int>(length));
     });
 }
 
