@@ -2,6 +2,7 @@
 
 #include "foundation/DTCHECK.h"
 #include "foundation/DTFORMAT.h"
+#include "numeric/IMP/DTDECEXT.h"
 #include "numeric/IMP/DTDECIMI.h"
 #include "numeric/IMP/DTDECSQL.h"
 #include "platform/runtime/int32text.h"
@@ -11,6 +12,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <string>
+#include <typeinfo>
 
 namespace {
 
@@ -203,8 +205,8 @@ std::string DigitsOf(std::string_view mantissa)
     return digits;
 }
 
-/// The plain text of the number in an external text. Its digits count as if the point stood behind
-/// the first one.
+/// The plain text of the number in an external text of any shape. Its digits count as if the point
+/// stood behind the first one.
 std::string PlainFromScientific(std::string_view text)
 {
     if (text.size() > kMostExternBytes)
@@ -225,6 +227,15 @@ std::string PlainFromScientific(std::string_view text)
             digits.append(whole - digits.size(), '0');
     }
     return std::string(text.substr(0, signs)) + digits;
+}
+
+RWDecimal96 ReadExtern(std::string_view text)
+{
+    ZelDtDecimal_Imp::InstallHandlers();
+    RWDecimal96 number;
+    if (zeldt::ReadUsualExtern(text, number))
+        return number;
+    return ZelDtDecimal_Imp(std::string_view(PlainFromScientific(text)));
 }
 
 } // namespace
@@ -403,6 +414,11 @@ ZelDtString ZelDtDecimal::ConvToExtern(int& defined, unsigned short& version) co
 {
     return Guarded(kConvToExtern, [&] {
         const auto made = [this] {
+            zeldt::UsualExtern usual;
+            if (usual.Take(*m_pImp)) {
+                char text[zeldt::UsualExtern::kRoom];
+                return ZelDtString(text, static_cast<int>(usual.Write(text)));
+            }
             const ExternDecimal text(*m_pImp);
             return ZelDtString(text.Text(), text.Length());
         };
@@ -425,8 +441,7 @@ void ZelDtDecimal::SetFromExtern(const ZelDtString* text, int defined, unsigned 
         }
         if (!text->IsDefined())
             Raise(kSetFromExtern, ErrorNo::InconsistentDefinedness);
-        const std::string number = PlainFromScientific(ViewOf(*text));
-        Access::Replace(*this, ZelDtDecimal_Imp(std::string_view(number)));
+        Access::Replace(*this, ReadExtern(ViewOf(*text)));
     });
 }
 
@@ -451,27 +466,63 @@ void ZelDtDecimal::ConvToRecordSet(CRecordset& rs, CString& field) const
     });
 }
 
+/// Classes derived from this one may have external texts of their own.
+bool Access::IsPlain(const ZelDtDecimal& value)
+{
+    return typeid(value) == typeid(ZelDtDecimal);
+}
+
+void Access::Store(ZelDtDecimal& value, CArchive& ar)
+{
+    zeldt::UsualExtern usual;
+    if (IsPlain(value) && value.IsDefined() && usual.Take(Number(value))) {
+        value.ZelDtBasis::Serialize(ar);
+        Guarded(kSerialize, [&] {
+            zeldt::WriteMadeText<zeldt::UsualExtern::kRoom>(
+                ar, [&](char* out) { return usual.Write(out); });
+            ar << WORD{kExternVersion};
+        });
+        return;
+    }
+    int defined = 0;
+    unsigned short version = 0;
+    const ZelDtString text = value.ConvToExtern(defined, version);
+    value.ZelDtBasis::Serialize(ar);
+    Guarded(kSerialize, [&] {
+        zeldt::WriteText(ar, ViewOf(text));
+        ar << WORD{version};
+    });
+}
+
+void Access::Load(ZelDtDecimal& value, CArchive& ar)
+{
+    ZelDtDecimal::Rollback rollback(value);
+    value.ZelDtBasis::Serialize(ar);
+    zeldt::IncomingText text;
+    WORD version = 0;
+    Guarded(kSerialize, [&] {
+        text.Read(ar, sizeof version);
+        ar >> version;
+    });
+    RWDecimal96 number;
+    if (IsPlain(value) && value.IsDefined() == 1 && version == kExternVersion &&
+        zeldt::ReadUsualExtern(text.View(), number)) {
+        ZelDtDecimal_Imp::InstallHandlers();
+        Replace(value, number);
+    } else {
+        const ZelDtString external(
+            CString(text.View().data(), static_cast<int>(text.View().size())));
+        value.SetFromExtern(&external, value.IsDefined(), version);
+    }
+    rollback.Commit();
+}
+
 void ZelDtDecimal::Serialize(CArchive& ar)
 {
     // Only what the archive throws is reported under the name of this operation: the other errors
     // have the names of the operations that found them.
-    if (ar.IsStoring()) {
-        int defined = 0;
-        unsigned short version = 0;
-        const ZelDtString text = ConvToExtern(defined, version);
-        ZelDtBasis::Serialize(ar);
-        Guarded(kSerialize, [&] {
-            zeldt::WriteText(ar, ViewOf(text));
-            ar << WORD{version};
-        });
-        return;
-    }
-    Rollback rollback(*this);
-    ZelDtBasis::Serialize(ar);
-    CString text;
-    WORD version = 0;
-    Guarded(kSerialize, [&] { ar >> text >> version; });
-    const ZelDtString external(text);
-    SetFromExtern(&external, IsDefined(), version);
-    rollback.Commit();
+    if (ar.IsStoring())
+        Access::Store(*this, ar);
+    else
+        Access::Load(*this, ar);
 }

@@ -149,6 +149,14 @@ struct DecimalAccess {
     /// What DecimalToAscii writes, as long as `text` lives. More than `most` characters are error 4
     /// under its name.
     static std::string_view PlainText(const DecimalText& text, std::size_t most);
+
+    // The two ways of Serialize
+
+    static void Store(ZelDtDecimal& value, CArchive& ar);
+    static void Load(ZelDtDecimal& value, CArchive& ar);
+
+private:
+    static bool IsPlain(const ZelDtDecimal& value);
 };
 
 } // namespace zeldt

@@ -1,5 +1,6 @@
 #include "platform/framework/fwarchive.h"
 
+#include "platform/framework/fwarchivetext.h"
 #include "platform/framework/fwtext.h"
 
 #include <algorithm>
@@ -14,7 +15,7 @@ constexpr std::size_t kMinBufferSize = 128;
 /// What is read at once of something whose length only the archive claims to know.
 constexpr std::size_t kTrustedStep = std::size_t{64} * 1024;
 
-constexpr BYTE kLongLength = 0xFF;
+constexpr BYTE kLongLength = CArchiveText::kLongLength;
 constexpr WORD kVeryLongLength = 0xFFFF;
 constexpr WORD kWideText = 0xFFFE;
 
@@ -66,7 +67,7 @@ void WriteTextHead(CArchive& ar, std::uint32_t length)
 
 /// Copies the first and the last `Word` of so many bytes; they overlap and cover all.
 template <typename Word>
-void CopyEnds(BYTE* target, const char* source, std::size_t length)
+void CopyEnds(char* target, const char* source, std::size_t length)
 {
     Word first;
     Word last;
@@ -77,7 +78,7 @@ void CopyEnds(BYTE* target, const char* source, std::size_t length)
 }
 
 /// memcpy, without a call for the lengths that names have.
-void CopyShort(BYTE* target, const char* source, std::size_t length)
+void CopyShort(char* target, const char* source, std::size_t length)
 {
     if (length >= 8 && length <= 16)
         CopyEnds<std::uint64_t>(target, source, length);
@@ -375,43 +376,38 @@ void CArchive::WriteCount(ULONGLONG count)
         *this << WORD{0xFFFF} << std::uint32_t{0xFFFFFFFF} << count;
 }
 
-/// Texts and the buffer.
-struct CArchiveText {
-    /// A short text goes with its length into what is left of the buffer, if that is enough.
-    static void Write(CArchive& ar, const CString& text)
-    {
-        const auto length = static_cast<std::size_t>(text.GetLength());
-        if (length < kLongLength && length < static_cast<std::size_t>(ar.m_putEnd - ar.m_put)) {
-            *ar.m_put = static_cast<BYTE>(length);
-            CopyShort(ar.m_put + 1, text.GetString(), length);
-            ar.m_put += 1 + length;
-            return;
-        }
-        WriteTextHead(ar, static_cast<std::uint32_t>(length));
-        ar.Write(text.GetString(), static_cast<UINT>(length));
+/// A short text goes with its length into what is left of the buffer, if that is enough.
+void CArchiveText::Write(CArchive& ar, const CString& text)
+{
+    const auto length = static_cast<std::size_t>(text.GetLength());
+    if (length < kLongLength && HasRoom(ar, 1 + length)) {
+        char* const out = Room(ar);
+        *out = static_cast<char>(length);
+        CopyShort(out + 1, text.GetString(), length);
+        Finish(ar, out + 1 + length);
+        return;
     }
+    WriteTextHead(ar, static_cast<std::uint32_t>(length));
+    ar.Write(text.GetString(), static_cast<UINT>(length));
+}
 
-    /// Reads a text where it lies if the buffer can hold it.
-    static void Read(CArchive& ar, CString& text)
-    {
-        const auto available = static_cast<std::size_t>(ar.m_end - ar.m_next);
-        if (available != 0 && *ar.m_next < kLongLength && *ar.m_next < available) {
-            const BYTE length = *ar.m_next;
-            const BYTE* const bytes = ar.m_next + 1;
-            ar.m_next = bytes + length;
-            text.SetString(reinterpret_cast<LPCTSTR>(bytes), length);
-            return;
-        }
-        const TextHead head = ReadTextHead(ar);
-        if (head.wide)
-            text = ReadWideText(ar, head.length);
-        else if (head.length > ar.m_bufferSize)
-            text = ReadNarrowText(ar, head.length);
-        else
-            text.SetString(reinterpret_cast<LPCTSTR>(ar.TakeBytes(head.length)),
-                           static_cast<int>(head.length));
+/// A text is read where it lies if the buffer can hold it.
+void CArchiveText::Read(CArchive& ar, CString& text)
+{
+    std::string_view shortText;
+    if (Take(ar, shortText)) {
+        text.SetString(shortText.data(), static_cast<int>(shortText.size()));
+        return;
     }
-};
+    const TextHead head = ReadTextHead(ar);
+    if (head.wide)
+        text = ReadWideText(ar, head.length);
+    else if (head.length > ar.m_bufferSize)
+        text = ReadNarrowText(ar, head.length);
+    else
+        text.SetString(reinterpret_cast<LPCTSTR>(ar.TakeBytes(head.length)),
+                       static_cast<int>(head.length));
+}
 
 CArchive& operator<<(CArchive& ar, const CString& text)
 {
