@@ -237,22 +237,23 @@ std::uint64_t Magnitude(std::int64_t mantissa)
     return 0;
 }
 
-[[gnu::always_inline]] inline RWDecimal96 QuotientOf(const RWDecimal96& a, const RWDecimal96& b,
-                                                     const zeldec::Quotient& quotient)
+/// The number of a fitted magnitude that is a product or a quotient of two.
+[[gnu::always_inline]] inline RWDecimal96 SignedLike(const RWDecimal96& a, const RWDecimal96& b,
+                                                     const zeldec::Fitted& fitted)
 {
-    if (quotient.inexact)
+    if (fitted.inexact)
         TellInexact();
     const int128 sign = zeldec::SignOf(Access::Mantissa(a) ^ Access::Mantissa(b));
-    return Access::FromMantissa(zeldec::WithSign(static_cast<int128>(quotient.magnitude), sign),
-                                quotient.places);
+    return Access::FromMantissa(zeldec::WithSign(static_cast<int128>(fitted.magnitude), sign),
+                                fitted.places);
 }
 
 [[gnu::noinline]] RWDecimal96 DividedLong(const RWDecimal96& a, const RWDecimal96& b)
 {
-    zeldec::Quotient quotient;
+    zeldec::Fitted quotient;
     if (!a.isNull() && !b.isNull() &&
         zeldec::DivideLong(Access::Load(a), Access::Load(b), quotient))
-        return QuotientOf(a, b, quotient);
+        return SignedLike(a, b, quotient);
     return ComputedOf<zeldec::Divide>(a, b);
 }
 
@@ -359,16 +360,20 @@ RWDecimal96 RWDecimal96Long::Difference(const RWDecimal96& a, const RWDecimal96&
 
 RWDecimal96 RWDecimal96Long::Product(const RWDecimal96& a, const RWDecimal96& b)
 {
+    zeldec::Fitted product;
+    if (!a.isNull() && !b.isNull() &&
+        zeldec::MultiplyLong(Access::Load(a), Access::Load(b), product))
+        return SignedLike(a, b, product);
     return ComputedOf<zeldec::Multiply>(a, b);
 }
 
 RWDecimal96 operator/(const RWDecimal96& a, const RWDecimal96& b)
 {
-    zeldec::Quotient quotient;
+    zeldec::Fitted quotient;
     if (Access::AreShort(a, b) &&
         zeldec::DivideShort(Magnitude(Access::LowWords(a)), Magnitude(Access::LowWords(b)),
                             DistanceOf(a, b), quotient))
-        return QuotientOf(a, b, quotient);
+        return SignedLike(a, b, quotient);
     return DividedLong(a, b);
 }
 

@@ -15,17 +15,20 @@ Status Subtract(const Number& a, const Number& b, Number& result);
 Status Multiply(const Number& a, const Number& b, Number& result);
 Status Divide(const Number& a, const Number& b, Number& result);
 
-struct Quotient {
+/// A result within the limits, without its sign.
+struct Fitted {
     uint128 magnitude;
     std::int64_t places;
     bool inexact;
 };
 
-/// Quick ways for the quotients that people compute; false, with nothing said about the result,
-/// where Divide has to be asked. The short one takes magnitudes, the first with `difference` places
-/// more than the second, the long one divisors of more than 64 bits where the quotient is rounded.
-bool DivideShort(std::uint64_t a, std::uint64_t b, std::int64_t difference, Quotient& result);
-bool DivideLong(const Number& a, const Number& b, Quotient& result);
+/// Quick ways for the products and quotients that people compute; false, with nothing said about
+/// the result, where Multiply and Divide have to be asked. The short quotient takes magnitudes, the
+/// first with `difference` places more than the second, the long one divisors of more than 64 bits
+/// where the quotient is rounded.
+bool MultiplyLong(const Number& a, const Number& b, Fitted& result);
+bool DivideShort(std::uint64_t a, std::uint64_t b, std::int64_t difference, Fitted& result);
+bool DivideLong(const Number& a, const Number& b, Fitted& result);
 
 Status Remainder(const Number& a, const Number& b, Number& result);
 

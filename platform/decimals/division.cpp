@@ -281,7 +281,7 @@ Status Divide(const Number& a, const Number& b, Number& result)
     return Status::Inexact;
 }
 
-bool DivideLong(const Number& a, const Number& b, Quotient& result)
+bool DivideLong(const Number& a, const Number& b, Fitted& result)
 {
     if (a.magnitude == 0 || HighHalf(b.magnitude) == 0)
         return false;
@@ -305,7 +305,7 @@ bool DivideLong(const Number& a, const Number& b, Quotient& result)
     return low.remainder != 0 && result.magnitude <= kLargestMagnitude;
 }
 
-bool DivideShort(std::uint64_t a, std::uint64_t b, std::int64_t difference, Quotient& result)
+bool DivideShort(std::uint64_t a, std::uint64_t b, std::int64_t difference, Fitted& result)
 {
     // As by hand, with up to 19 digits at a time: the first time 18 or 19 of them come out.
     if (a == 0 || b == 0)

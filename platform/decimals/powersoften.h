@@ -134,16 +134,21 @@ struct ShortQuotient {
     std::uint64_t remainder;
 };
 
+/// The upper half of a product without what the two low halves carry into it: less than 3 below the
+/// product / 2^128.
+inline uint128 UpperProduct(uint128 a, uint128 b)
+{
+    return uint128{HighHalf(a)} * HighHalf(b) + HighHalf(uint128{HighHalf(a)} * LowHalf(b)) +
+           HighHalf(uint128{LowHalf(a)} * HighHalf(b));
+}
+
 /// Divides by 10^exponent, exponent 1 to 18.
 inline ShortQuotient DividedByShortPower(uint128 number, int exponent)
 {
     const auto& [reciprocal, shift] = kDivisors[static_cast<std::size_t>(exponent)];
     const std::uint64_t power = kPowers64[static_cast<std::size_t>(exponent)];
-    // The upper half of the product without what the two low halves carry into it: up to 3 too
-    // small, which the shift makes less than 1 with what the reciprocal lacks.
-    const uint128 head = uint128{HighHalf(number)} * HighHalf(reciprocal) +
-                         HighHalf(uint128{HighHalf(number)} * LowHalf(reciprocal)) +
-                         HighHalf(uint128{LowHalf(number)} * HighHalf(reciprocal));
+    // The shift makes what the upper half and the reciprocal lack less than 1.
+    const uint128 head = UpperProduct(number, reciprocal);
     uint128 quotient = head >> shift;
     std::uint64_t remainder = LowHalf(number) - LowHalf(quotient) * power;
     Correct(quotient, remainder, power);

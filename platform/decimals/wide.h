@@ -148,6 +148,13 @@ constexpr int BitLength(const Wide& number)
     return number.High() != 0 ? 128 + BitLength(number.High()) : BitLength(number.Low());
 }
 
+/// The number shifted right by 1 to 63 bits.
+constexpr uint128 ShiftedRight(uint128 number, unsigned bits)
+{
+    return Joined(HighHalf(number) >> bits, LowHalf(number) >> bits | HighHalf(number)
+                                                                          << (64 - bits));
+}
+
 /// The low 128 bits of the number shifted right by 0 to 255 bits.
 constexpr uint128 ShiftedRight(const Wide& number, unsigned bits)
 {
