@@ -43,6 +43,16 @@ std::int64_t Height(const Number& number)
     return CountDigits(number.magnitude) - number.places;
 }
 
+/// The digits of a product of more than 128 bits, of `length` bits altogether.
+int CountDigits(const LongProduct& product, int length)
+{
+    const std::size_t sure = SureDigits(length);
+    const Wide& power = kPowers[sure];
+    const bool borrows = product.lower < power.limb[0];
+    const bool isBelow = product.upper < Joined(power.limb[2], power.limb[1]) + OneIf(borrows);
+    return static_cast<int>(sure) + 1 - (isBelow ? 1 : 0);
+}
+
 int CompareMagnitudes(const Number& a, const Number& b)
 {
     if (a.magnitude == 0 || b.magnitude == 0)
@@ -83,35 +93,6 @@ Status Multiply(const Number& a, const Number& b, Number& result)
                kMostPlaces, result);
 }
 
-namespace {
-
-/// The product of two magnitudes in its upper 128 of 192 bits and the lower 64.
-struct LongProduct {
-    LongProduct(uint128 a, uint128 b)
-    {
-        const uint128 lowest = uint128{LowHalf(a)} * LowHalf(b);
-        const uint128 middle =
-            uint128{LowHalf(a)} * HighHalf(b) + uint128{HighHalf(a)} * LowHalf(b);
-        upper = Joined(HighHalf(a) * HighHalf(b), 0) + middle + HighHalf(lowest);
-        lower = LowHalf(lowest);
-    }
-
-    /// Above 128 bits, `length` of them.
-    int CountDigits(int length) const
-    {
-        const std::size_t sure = SureDigits(length);
-        const Wide& power = kPowers[sure];
-        const uint128 borrow = OneIf(lower < power.limb[0]);
-        const bool isBelow = upper < Joined(power.limb[2], power.limb[1]) + borrow;
-        return static_cast<int>(sure) + 1 - (isBelow ? 1 : 0);
-    }
-
-    uint128 upper;
-    std::uint64_t lower;
-};
-
-} // namespace
-
 bool MultiplyLong(const Number& a, const Number& b, Fitted& result)
 {
     const LongProduct product(a.magnitude, b.magnitude);
@@ -122,29 +103,17 @@ bool MultiplyLong(const Number& a, const Number& b, Fitted& result)
         return FitNarrow(result.magnitude, result.places, result.inexact);
     }
     const int zeros = 64 - BitLength(HighHalf(product.upper));
-    const std::int64_t drop = std::max<std::int64_t>(product.CountDigits(192 - zeros) - kMostDigits,
-                                                     places - kMostPlaces);
+    const std::int64_t drop = std::max<std::int64_t>(
+        CountDigits(product, 192 - zeros) - kMostDigits, places - kMostPlaces);
     if (drop > places || drop > kLargestDivisor)
         return false;
-    // The quotient with some bits behind its point. Mostly they tell the direction in which it is
-    // rounded, and that there is a remainder, so nobody has to know the remainder itself.
+    // What is cut off the product and what the reciprocal lacks cost less than 1 each, the rest of
+    // the multiplication less than 3.
     const auto& [reciprocal, shift] = kDivisors[static_cast<std::size_t>(drop)];
-    const uint128 normalised = product.upper << zeros | product.lower >> (64 - zeros);
-    const uint128 quotient = UpperProduct(normalised, reciprocal);
-    const int bits = zeros + static_cast<int>(shift) - 64;
-    if (bits > 63)
-        return false;
-    // What is cut off the product and the reciprocal lacks cost less than 1 each. If that may hide
-    // a whole or a half quotient, or there may be no remainder, the long way has to tell.
-    constexpr std::uint64_t kLacking = 5;
-    const std::uint64_t half = std::uint64_t{1} << (bits - 1);
-    if ((LowHalf(quotient) & (half - 1)) - 1 >= half - 1 - kLacking)
-        return false;
-    result.magnitude = ShiftedRight(quotient, static_cast<unsigned>(bits)) +
-                       OneIf((LowHalf(quotient) & half) != 0);
+    const uint128 quotient = UpperProduct(ShiftedLeft(product, zeros), reciprocal);
     result.places = places - drop;
     result.inexact = true;
-    return result.magnitude <= kLargestMagnitude;
+    return RoundQuotient(quotient, zeros + static_cast<int>(shift) - 64, result.magnitude);
 }
 
 Status Power(const Number& base, int exponent, Number& result)

@@ -40,6 +40,20 @@ inline QuotientStep DivideStep(uint128 high, std::uint64_t low, uint128 divisor)
     return {quotient, remainder};
 }
 
+/// 2^254 divided by a normalised divisor of 128 bits, at most 13 too small or too large.
+inline uint128 ReciprocalOf(uint128 divisor)
+{
+    // The upper half from the upper half of the divisor, and a step of Newton's method for the
+    // other bits. The remainder tells what the product with the divisor lacks of 2^190; `lacking`
+    // is that divided by 2^65.
+    const auto [upper, remainder] =
+        Divided((std::uint64_t{1} << 62) - 1, ~std::uint64_t{0}, HighHalf(divisor));
+    const std::uint64_t excess = HighHalf(uint128{upper} * LowHalf(divisor));
+    const auto lacking = static_cast<std::int64_t>(((remainder + 1) >> 1) - (excess >> 1));
+    const int128 correction = int128{static_cast<std::int64_t>(upper)} * lacking;
+    return Joined(upper, 0) + static_cast<uint128>(correction >> 61);
+}
+
 /// A divisor of up to 96 bits, prepared for quotients of up to 64 bits.
 class Divisor {
 public:
@@ -291,18 +305,18 @@ bool DivideLong(const Number& a, const Number& b, Fitted& result)
         std::min<std::int64_t>(kMostDigits - digits, kMostPlaces - difference);
     if (scale < 0 || scale > kLargestPower128 || digits - difference > kMostDigits)
         return false;
-    // Not by a Divisor: written to memory and read again it would cost as much as the division.
-    const auto shift = static_cast<unsigned>(128 - BitLength(b.magnitude));
-    const uint128 divisor = b.magnitude << shift;
-    const Wide dividend =
-        ShiftedLeft(Product(a.magnitude, Power128(static_cast<int>(scale))), shift);
-    const QuotientStep high = DivideStep(dividend.High(), dividend.limb[1], divisor);
-    const QuotientStep low = DivideStep(high.remainder, dividend.limb[0], divisor);
-    result.magnitude =
-        Joined(high.quotient, low.quotient) + OneIf(low.remainder >= divisor - low.remainder);
+    const LongProduct dividend(a.magnitude, Power128(static_cast<int>(scale)));
+    if (HighHalf(dividend.upper) == 0)
+        return false;
+    const int zeros = 64 - BitLength(HighHalf(dividend.upper));
+    const int shift = 64 - BitLength(HighHalf(b.magnitude));
+    // Behind the error of the reciprocal that of the multiplication and what is cut off the
+    // dividend do not count much.
+    const uint128 quotient =
+        UpperProduct(ShiftedLeft(dividend, zeros), ReciprocalOf(b.magnitude << shift));
     result.places = difference + scale;
     result.inexact = true;
-    return low.remainder != 0 && result.magnitude <= kLargestMagnitude;
+    return RoundQuotient(quotient, zeros - shift + 62, result.magnitude);
 }
 
 bool DivideShort(std::uint64_t a, std::uint64_t b, std::int64_t difference, Fitted& result)

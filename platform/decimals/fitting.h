@@ -51,6 +51,22 @@ Status Fit(const Exact& exact, int mostPlaces, Number& result);
     return magnitude <= kLargestMagnitude;
 }
 
+/// Rounds a quotient with `bits` bits behind its point that is known but for a small error: mostly
+/// that suffices to tell in which direction, and that there is a remainder. False if a whole or a
+/// half may be hidden by the error, or if it takes more bits.
+[[gnu::always_inline]] inline bool RoundQuotient(uint128 quotient, int bits, uint128& rounded)
+{
+    constexpr std::uint64_t kError = 32;
+    if (bits > 63)
+        return false;
+    const std::uint64_t half = std::uint64_t{1} << (bits - 1);
+    if (((LowHalf(quotient) + kError) & (half - 1)) <= 2 * kError)
+        return false;
+    rounded = ShiftedRight(quotient, static_cast<unsigned>(bits)) +
+              OneIf((LowHalf(quotient) & half) != 0);
+    return rounded <= kLargestMagnitude;
+}
+
 } // namespace zeldec
 
 #endif

@@ -125,6 +125,21 @@ constexpr Wide Product(std::uint64_t a, const Wide& b)
     return {{LowHalf(first), LowHalf(second), LowHalf(third), a * b.limb[3] + HighHalf(third)}};
 }
 
+/// A product below 2^192: its upper 128 bits and the lower 64.
+struct LongProduct {
+    constexpr LongProduct(uint128 a, uint128 b)
+    {
+        const uint128 lowest = uint128{LowHalf(a)} * LowHalf(b);
+        const uint128 middle =
+            uint128{LowHalf(a)} * HighHalf(b) + uint128{HighHalf(a)} * LowHalf(b);
+        upper = Joined(HighHalf(a) * HighHalf(b), 0) + middle + HighHalf(lowest);
+        lower = LowHalf(lowest);
+    }
+
+    uint128 upper;
+    std::uint64_t lower;
+};
+
 /// The position of the highest bit that is set, from 1 on; 1 for 0 too.
 constexpr int BitLength(std::uint64_t number)
 {
@@ -146,6 +161,12 @@ constexpr int BitLength(uint128 number)
 constexpr int BitLength(const Wide& number)
 {
     return number.High() != 0 ? 128 + BitLength(number.High()) : BitLength(number.Low());
+}
+
+/// The upper bits of a product and some of the lower ones moved up by 0 to 63 bits.
+constexpr uint128 ShiftedLeft(const LongProduct& product, int bits)
+{
+    return product.upper << bits | product.lower >> 1 >> (63 - bits);
 }
 
 /// The number shifted right by 1 to 63 bits.
