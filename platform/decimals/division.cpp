@@ -54,6 +54,35 @@ inline uint128 ReciprocalOf(uint128 divisor)
     return Joined(upper, 0) + static_cast<uint128>(correction >> 61);
 }
 
+/// The digits that quotients between 2^(exponent - 1) and 2^(exponent + 1) have before the point at
+/// least, and the first quotient with one more: divided by 2^exponent, multiplied with 2^62.
+struct QuotientLength {
+    std::int32_t digits;
+    std::uint64_t next;
+};
+
+constexpr QuotientLength MakeQuotientLength(int exponent)
+{
+    // The power of ten and its distance from the power of two, as a numerator and a denominator.
+    const bool isWhole = exponent > 0;
+    const uint128 lowest = uint128{1} << (isWhole ? exponent - 1 : 1 - exponent);
+    const int digits = isWhole ? CountDigits(lowest) : 1 - CountDigits(lowest);
+    const uint128 numerator = isWhole ? Power128(digits) << 62 : uint128{1} << (62 - exponent);
+    const uint128 denominator = isWhole ? uint128{1} << exponent : Power128(-digits);
+    const uint128 next = (numerator + denominator - 1) / denominator;
+    return {digits, HighHalf(next) == 0 ? LowHalf(next) : ~std::uint64_t{0}};
+}
+
+/// The exponents up to which that is known, positive and negative.
+constexpr int kMostBits = 63;
+
+constexpr auto kQuotientLengths = [] {
+    std::array<QuotientLength, 2 * kMostBits + 1> lengths{};
+    for (int exponent = -kMostBits; exponent <= kMostBits; ++exponent)
+        lengths[static_cast<std::size_t>(exponent + kMostBits)] = MakeQuotientLength(exponent);
+    return lengths;
+}();
+
 /// A divisor of up to 96 bits, prepared for quotients of up to 64 bits.
 class Divisor {
 public:
@@ -297,26 +326,28 @@ Status Divide(const Number& a, const Number& b, Number& result)
 
 bool DivideLong(const Number& a, const Number& b, Fitted& result)
 {
-    if (a.magnitude == 0 || HighHalf(b.magnitude) == 0)
+    if (a.magnitude == 0 || b.magnitude == 0)
         return false;
-    const int digits = DigitsOfLongQuotient(a.magnitude, b.magnitude);
+    int zerosOfA = 0;
+    int zerosOfB = 0;
+    const uint128 dividend = Normalised(a.magnitude, zerosOfA);
+    const uint128 divisor = Normalised(b.magnitude, zerosOfB);
+    const int exponent = zerosOfB - zerosOfA;
+    if (exponent < -kMostBits || exponent > kMostBits)
+        return false;
+    // That of the normalised numbers * 2^126, at most 16 too small or too large.
+    const uint128 quotient = UpperProduct(dividend, ReciprocalOf(divisor));
+    const QuotientLength& length = kQuotientLengths[static_cast<std::size_t>(exponent + kMostBits)];
+    const int digits = length.digits + (HighHalf(quotient) >= length.next ? 1 : 0);
     const std::int64_t difference = a.places - b.places;
     const std::int64_t scale =
         std::min<std::int64_t>(kMostDigits - digits, kMostPlaces - difference);
     if (scale < 0 || scale > kLargestPower128 || digits - difference > kMostDigits)
         return false;
-    const LongProduct dividend(a.magnitude, Power128(static_cast<int>(scale)));
-    if (HighHalf(dividend.upper) == 0)
-        return false;
-    const int zeros = 64 - BitLength(HighHalf(dividend.upper));
-    const int shift = 64 - BitLength(HighHalf(b.magnitude));
-    // Behind the error of the reciprocal that of the multiplication and what is cut off the
-    // dividend do not count much.
-    const uint128 quotient =
-        UpperProduct(ShiftedLeft(dividend, zeros), ReciprocalOf(b.magnitude << shift));
+    const auto& [power, bits] = kNormalisedPowers[static_cast<std::size_t>(scale)];
     result.places = difference + scale;
     result.inexact = true;
-    return RoundQuotient(quotient, zeros - shift + 62, result.magnitude);
+    return RoundQuotient(UpperProduct(quotient, power), 126 - exponent - bits, result.magnitude);
 }
 
 bool DivideShort(std::uint64_t a, std::uint64_t b, std::int64_t difference, Fitted& result)

@@ -115,6 +115,20 @@ inline constexpr auto kDivisors = [] {
     return divisors;
 }();
 
+/// 10^exponent, exponent 0 to 38, moved up to the highest of 128 bits.
+struct NormalisedPower {
+    uint128 number;
+    int length; ///< the bits of the power itself
+};
+inline constexpr auto kNormalisedPowers = [] {
+    std::array<NormalisedPower, kLargestPower128 + 1> powers{};
+    for (int i = 0; i <= kLargestPower128; ++i) {
+        const int length = BitLength(Power128(i));
+        powers[static_cast<std::size_t>(i)] = {Power128(i) << (128 - length), length};
+    }
+    return powers;
+}();
+
 struct Quotient128 {
     uint128 quotient;
     uint128 remainder;

@@ -176,6 +176,18 @@ constexpr uint128 ShiftedRight(uint128 number, unsigned bits)
                                                                           << (64 - bits));
 }
 
+/// A number that is not 0 moved up to the highest of 128 bits; `bits` tells how far.
+inline uint128 Normalised(uint128 number, int& bits)
+{
+    // By whole words first: compilers decide on shifts of 128 bits when they are done.
+    const bool isShort = HighHalf(number) == 0;
+    const std::uint64_t high = isShort ? LowHalf(number) : HighHalf(number);
+    const std::uint64_t low = isShort ? 0 : LowHalf(number);
+    const int zeros = 64 - BitLength(high);
+    bits = zeros + (isShort ? 64 : 0);
+    return Joined(high << zeros | low >> 1 >> (63 - zeros), low << zeros);
+}
+
 /// The low 128 bits of the number shifted right by 0 to 255 bits.
 constexpr uint128 ShiftedRight(const Wide& number, unsigned bits)
 {
