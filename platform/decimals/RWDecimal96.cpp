@@ -15,6 +15,7 @@
 #include <cstring>
 #include <functional>
 #include <limits>
+#include <new>
 
 using zeldec::int128;
 using zeldec::Number;
@@ -84,8 +85,9 @@ Handler Exchange(std::atomic<Handler>& current, Handler handler)
 
 [[gnu::cold, gnu::noinline]] void CallHandler(RWDecimal96InexactHandler handler)
 {
-    RWDecimal96InexactErr error("the result was rounded");
-    handler(error);
+    // Not destroyed: that has nothing to do, but would be two more calls for each rounded result.
+    alignas(RWDecimal96InexactErr) std::byte room[sizeof(RWDecimal96InexactErr)];
+    handler(*new (room) RWDecimal96InexactErr("the result was rounded"));
 }
 
 inline void TellInexact()
@@ -192,10 +194,10 @@ template <typename Kind>
     bool inexact = false;
     if (!zeldec::FitNarrow(magnitude, aligned.places, inexact))
         return false;
-    if (inexact)
-        TellInexact();
     result = Access::FromMantissa(zeldec::WithSign(static_cast<int128>(magnitude), sign),
                                   aligned.places);
+    if (inexact)
+        TellInexact();
     return true;
 }
 
@@ -241,20 +243,13 @@ std::uint64_t Magnitude(std::int64_t mantissa)
 [[gnu::always_inline]] inline RWDecimal96 SignedLike(const RWDecimal96& a, const RWDecimal96& b,
                                                      const zeldec::Fitted& fitted)
 {
+    const int128 sign = zeldec::SignOf(Access::Mantissa(a) ^ Access::Mantissa(b));
+    const RWDecimal96 result = Access::FromMantissa(
+        zeldec::WithSign(static_cast<int128>(fitted.magnitude), sign), fitted.places);
+    // At the very end, so that nothing has to be kept while the handler runs.
     if (fitted.inexact)
         TellInexact();
-    const int128 sign = zeldec::SignOf(Access::Mantissa(a) ^ Access::Mantissa(b));
-    return Access::FromMantissa(zeldec::WithSign(static_cast<int128>(fitted.magnitude), sign),
-                                fitted.places);
-}
-
-[[gnu::noinline]] RWDecimal96 DividedLong(const RWDecimal96& a, const RWDecimal96& b)
-{
-    zeldec::Fitted quotient;
-    if (!a.isNull() && !b.isNull() &&
-        zeldec::DivideLong(Access::Load(a), Access::Load(b), quotient))
-        return SignedLike(a, b, quotient);
-    return ComputedOf<zeldec::Divide>(a, b);
+    return result;
 }
 
 zeldec::Rounding RoundingOf(RWDecimalBase::RoundingMethod method)
@@ -370,11 +365,13 @@ RWDecimal96 RWDecimal96Long::Product(const RWDecimal96& a, const RWDecimal96& b)
 RWDecimal96 operator/(const RWDecimal96& a, const RWDecimal96& b)
 {
     zeldec::Fitted quotient;
-    if (Access::AreShort(a, b) &&
-        zeldec::DivideShort(Magnitude(Access::LowWords(a)), Magnitude(Access::LowWords(b)),
-                            DistanceOf(a, b), quotient))
+    if ((Access::AreShort(a, b) &&
+         zeldec::DivideShort(Magnitude(Access::LowWords(a)), Magnitude(Access::LowWords(b)),
+                             DistanceOf(a, b), quotient)) ||
+        (!a.isNull() && !b.isNull() &&
+         zeldec::DivideLong(Access::Load(a), Access::Load(b), quotient)))
         return SignedLike(a, b, quotient);
-    return DividedLong(a, b);
+    return ComputedOf<zeldec::Divide>(a, b);
 }
 
 RWDecimal96 operator%(const RWDecimal96& a, const RWDecimal96& b)

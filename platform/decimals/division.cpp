@@ -352,12 +352,12 @@ bool DivideLong(const Number& a, const Number& b, Fitted& result)
 
 bool DivideShort(std::uint64_t a, std::uint64_t b, std::int64_t difference, Fitted& result)
 {
-    // As by hand, with up to 19 digits at a time: the first time 18 or 19 of them come out.
+    // As by hand, with up to 19 digits at a time: the first time so many that the quotient fits 64
+    // bits, or two fewer. It is below 2^bits.
     if (a == 0 || b == 0)
         return false;
-    const int first = kLargestPower64 - 1 - (CountDigits(a) - CountDigits(b));
-    if (first < 0 || first > kLargestPower64)
-        return false;
+    const int bits = BitLength(a) - BitLength(b) + 1;
+    const int first = std::min(static_cast<int>(SureDigits(64 - bits)), kLargestPower64);
     const uint128 scaled = uint128{a} * kPowers64[static_cast<std::size_t>(first)];
     const Quotient64 head = Divided(HighHalf(scaled), LowHalf(scaled), b);
     // All places that a result of 28 digits may have.
