@@ -180,25 +180,38 @@ private:
     }
 };
 
-/// Sums of up to 127 bits, rounded if need be; false if it takes more.
-template <typename Kind>
-[[gnu::always_inline]] inline bool SumNarrow(const RWDecimal96& a, const RWDecimal96& b,
-                                             RWDecimal96& result)
+/// A fitted magnitude as a number, with a sign that SignOf gives.
+[[gnu::always_inline]] inline RWDecimal96 Signed(const zeldec::Fitted& fitted, int128 sign)
+{
+    const RWDecimal96 result = Access::FromMantissa(
+        zeldec::WithSign(static_cast<int128>(fitted.magnitude), sign), fitted.places);
+    // At the very end, so that nothing has to be kept while the handler runs.
+    if (fitted.inexact)
+        TellInexact();
+    return result;
+}
+
+/// A product or a quotient of two numbers.
+[[gnu::always_inline]] inline RWDecimal96 SignedLike(const RWDecimal96& a, const RWDecimal96& b,
+                                                     const zeldec::Fitted& fitted)
+{
+    return Signed(fitted, zeldec::SignOf(Access::Mantissa(a) ^ Access::Mantissa(b)));
+}
+
+/// Sums of up to 127 bits, rounded if need be; what takes more is left to the core.
+template <typename Kind, Status (*operation)(const Number&, const Number&, Number&)>
+[[gnu::always_inline]] inline RWDecimal96 SumOf(const RWDecimal96& a, const RWDecimal96& b)
 {
     AlignedWide aligned;
-    if (!aligned.Take(a, b))
-        return false;
-    const int128 sum = Kind()(aligned.a, aligned.b);
-    const int128 sign = zeldec::SignOf(sum);
-    auto magnitude = static_cast<uint128>(zeldec::WithSign(sum, sign));
-    bool inexact = false;
-    if (!zeldec::FitNarrow(magnitude, aligned.places, inexact))
-        return false;
-    result = Access::FromMantissa(zeldec::WithSign(static_cast<int128>(magnitude), sign),
-                                  aligned.places);
-    if (inexact)
-        TellInexact();
-    return true;
+    if (aligned.Take(a, b)) {
+        const int128 sum = Kind()(aligned.a, aligned.b);
+        const int128 sign = zeldec::SignOf(sum);
+        const auto magnitude = static_cast<uint128>(zeldec::WithSign(sum, sign));
+        zeldec::Fitted fitted;
+        if (zeldec::FitNarrow(magnitude, aligned.places, fitted))
+            return Signed(fitted, sign);
+    }
+    return ComputedOf<operation>(a, b);
 }
 
 std::uint64_t Magnitude(std::int64_t mantissa)
@@ -237,19 +250,6 @@ std::uint64_t Magnitude(std::int64_t mantissa)
     if (room != 0)
         buffer[0] = '\0';
     return 0;
-}
-
-/// The number of a fitted magnitude that is a product or a quotient of two.
-[[gnu::always_inline]] inline RWDecimal96 SignedLike(const RWDecimal96& a, const RWDecimal96& b,
-                                                     const zeldec::Fitted& fitted)
-{
-    const int128 sign = zeldec::SignOf(Access::Mantissa(a) ^ Access::Mantissa(b));
-    const RWDecimal96 result = Access::FromMantissa(
-        zeldec::WithSign(static_cast<int128>(fitted.magnitude), sign), fitted.places);
-    // At the very end, so that nothing has to be kept while the handler runs.
-    if (fitted.inexact)
-        TellInexact();
-    return result;
 }
 
 zeldec::Rounding RoundingOf(RWDecimalBase::RoundingMethod method)
@@ -342,15 +342,12 @@ RWDecimal96 RWDecimal96::from(double number)
 
 RWDecimal96 RWDecimal96Long::Sum(const RWDecimal96& a, const RWDecimal96& b)
 {
-    RWDecimal96 sum;
-    return SumNarrow<std::plus<>>(a, b, sum) ? sum : ComputedOf<zeldec::Add>(a, b);
+    return SumOf<std::plus<>, zeldec::Add>(a, b);
 }
 
 RWDecimal96 RWDecimal96Long::Difference(const RWDecimal96& a, const RWDecimal96& b)
 {
-    RWDecimal96 difference;
-    return SumNarrow<std::minus<>>(a, b, difference) ? difference
-                                                     : ComputedOf<zeldec::Subtract>(a, b);
+    return SumOf<std::minus<>, zeldec::Subtract>(a, b);
 }
 
 RWDecimal96 RWDecimal96Long::Product(const RWDecimal96& a, const RWDecimal96& b)

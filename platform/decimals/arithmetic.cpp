@@ -97,23 +97,16 @@ bool MultiplyLong(const Number& a, const Number& b, Fitted& result)
 {
     const LongProduct product(a.magnitude, b.magnitude);
     const std::int64_t places = a.places + b.places;
-    if (HighHalf(product.upper) == 0) {
-        result.magnitude = Joined(LowHalf(product.upper), product.lower);
-        result.places = places;
-        return FitNarrow(result.magnitude, result.places, result.inexact);
-    }
+    if (HighHalf(product.upper) == 0)
+        return FitNarrow(Joined(LowHalf(product.upper), product.lower), places, result);
     const int zeros = 64 - BitLength(HighHalf(product.upper));
     const std::int64_t drop = std::max<std::int64_t>(
         CountDigits(product, 192 - zeros) - kMostDigits, places - kMostPlaces);
     if (drop > places || drop > kLargestDivisor)
         return false;
-    // What is cut off the product and what the reciprocal lacks cost less than 1 each, the rest of
-    // the multiplication less than 3.
-    const auto& [reciprocal, shift] = kDivisors[static_cast<std::size_t>(drop)];
-    const uint128 quotient = UpperProduct(ShiftedLeft(product, zeros), reciprocal);
     result.places = places - drop;
     result.inexact = true;
-    return RoundQuotient(quotient, zeros + static_cast<int>(shift) - 64, result.magnitude);
+    return DropDigits(ShiftedLeft(product, zeros), zeros - 64, drop, result.magnitude);
 }
 
 Status Power(const Number& base, int exponent, Number& result)

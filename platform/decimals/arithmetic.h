@@ -15,13 +15,6 @@ Status Subtract(const Number& a, const Number& b, Number& result);
 Status Multiply(const Number& a, const Number& b, Number& result);
 Status Divide(const Number& a, const Number& b, Number& result);
 
-/// A result within the limits, without its sign.
-struct Fitted {
-    uint128 magnitude;
-    std::int64_t places;
-    bool inexact;
-};
-
 /// Quick ways for the products and quotients that people compute; false, with nothing said about
 /// the result, where Multiply and Divide have to be asked. The short quotient takes magnitudes, the
 /// first with `difference` places more than the second, the long one divisors of more than 64 bits

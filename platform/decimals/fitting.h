@@ -31,29 +31,16 @@ uint128 Shortened(Wide magnitude, int drop, Rounding method, bool& inexact);
 /// away from zero. Overflow when that leaves more than 28 digits in front of the point.
 Status Fit(const Exact& exact, int mostPlaces, Number& result);
 
-/// The same in place for 127 bits and 27 places, the way of nearly all sums; false if it takes
-/// more.
-[[gnu::always_inline]] inline bool FitNarrow(uint128& magnitude, std::int64_t& places,
-                                             bool& inexact)
-{
-    const std::int64_t excess =
-        std::max<std::int64_t>(CountDigits(magnitude) - kMostDigits, places - kMostPlaces);
-    inexact = false;
-    if (excess <= 0)
-        return places >= 0;
-    if (excess > kLargestShortDivisor || excess > places)
-        return false;
-    const auto drop = static_cast<std::size_t>(excess);
-    const auto [quotient, remainder] = DividedByShortPower(magnitude, static_cast<int>(excess));
-    magnitude = quotient + OneIf(remainder >= kPowers64[drop] / 2);
-    places -= excess;
-    inexact = remainder != 0;
-    return magnitude <= kLargestMagnitude;
-}
+/// A result within the limits, without its sign.
+struct Fitted {
+    uint128 magnitude;
+    std::int64_t places;
+    bool inexact;
+};
 
 /// Rounds a quotient with `bits` bits behind its point that is known but for a small error: mostly
-/// that suffices to tell in which direction, and that there is a remainder. False if a whole or a
-/// half may be hidden by the error, or if it takes more bits.
+/// that suffices to tell in which direction, and that there is a remainder. False if the error may
+/// hide a whole or a half, if it takes more bits, or if the result has more than 28 digits.
 [[gnu::always_inline]] inline bool RoundQuotient(uint128 quotient, int bits, uint128& rounded)
 {
     constexpr std::uint64_t kError = 32;
@@ -65,6 +52,33 @@ Status Fit(const Exact& exact, int mostPlaces, Number& result);
     rounded = ShiftedRight(quotient, static_cast<unsigned>(bits)) +
               OneIf((LowHalf(quotient) & half) != 0);
     return rounded <= kLargestMagnitude;
+}
+
+/// Likewise a number without its last `drop` digits, 1 to 37. It comes moved up by `zeros` bits to
+/// the highest of 128, those of a longer number by less than none; what does not fit is cut off.
+[[gnu::always_inline]] inline bool DropDigits(uint128 normalised, int zeros, std::int64_t drop,
+                                              uint128& rounded)
+{
+    // What is cut off and what the reciprocal lacks cost less than 1 each, the product less than 3.
+    const auto& [reciprocal, shift] = kDivisors[static_cast<std::size_t>(drop)];
+    return RoundQuotient(UpperProduct(normalised, reciprocal), zeros + static_cast<int>(shift),
+                         rounded);
+}
+
+/// Fit for 128 bits and 27 places, the way of nearly all sums; false if it takes more.
+[[gnu::always_inline]] inline bool FitNarrow(uint128 magnitude, std::int64_t places, Fitted& result)
+{
+    const std::int64_t drop =
+        std::max<std::int64_t>(CountDigits(magnitude) - kMostDigits, places - kMostPlaces);
+    result = {magnitude, places, false};
+    if (drop <= 0)
+        return places >= 0;
+    if (drop > places || drop > kLargestDivisor)
+        return false;
+    const int zeros = 128 - BitLength(magnitude);
+    result.places = places - drop;
+    result.inexact = true;
+    return DropDigits(magnitude << zeros, zeros, drop, result.magnitude);
 }
 
 } // namespace zeldec
