@@ -97,16 +97,16 @@ bool MultiplyLong(const Number& a, const Number& b, Fitted& result)
 {
     const LongProduct product(a.magnitude, b.magnitude);
     const std::int64_t places = a.places + b.places;
+    const uint128 low = Joined(LowHalf(product.upper), product.lower);
     if (HighHalf(product.upper) == 0)
-        return FitNarrow(Joined(LowHalf(product.upper), product.lower), places, result);
+        return FitNarrow(low, places, result);
     const int zeros = 64 - BitLength(HighHalf(product.upper));
     const std::int64_t drop = std::max<std::int64_t>(
         CountDigits(product, 192 - zeros) - kMostDigits, places - kMostPlaces);
     if (drop > places || drop > kLargestDivisor)
         return false;
     result.places = places - drop;
-    result.inexact = true;
-    return DropDigits(ShiftedLeft(product, zeros), zeros - 64, drop, result.magnitude);
+    return DropDigits(low, ShiftedLeft(product, zeros), zeros - 64, drop, result);
 }
 
 Status Power(const Number& base, int exponent, Number& result)

@@ -347,7 +347,11 @@ bool DivideLong(const Number& a, const Number& b, Fitted& result)
     const auto& [power, bits] = kNormalisedPowers[static_cast<std::size_t>(scale)];
     result.places = difference + scale;
     result.inexact = true;
-    return RoundQuotient(UpperProduct(quotient, power), 126 - exponent - bits, result.magnitude);
+    const NearQuotient scaled = {UpperProduct(quotient, power), 126 - exponent - bits};
+    if (scaled.bits > 63 || !scaled.IsSure())
+        return false;
+    result.magnitude = scaled.Rounded();
+    return result.magnitude <= kLargestMagnitude;
 }
 
 bool DivideShort(std::uint64_t a, std::uint64_t b, std::int64_t difference, Fitted& result)

@@ -38,31 +38,56 @@ struct Fitted {
     bool inexact;
 };
 
-/// Rounds a quotient with `bits` bits behind its point that is known but for a small error: mostly
-/// that suffices to tell in which direction, and that there is a remainder. False if the error may
-/// hide a whole or a half, if it takes more bits, or if the result has more than 28 digits.
-[[gnu::always_inline]] inline bool RoundQuotient(uint128 quotient, int bits, uint128& rounded)
-{
-    constexpr std::uint64_t kError = 32;
-    if (bits > 63)
-        return false;
-    const std::uint64_t half = std::uint64_t{1} << (bits - 1);
-    if (((LowHalf(quotient) + kError) & (half - 1)) <= 2 * kError)
-        return false;
-    rounded = ShiftedRight(quotient, static_cast<unsigned>(bits)) +
-              OneIf((LowHalf(quotient) & half) != 0);
-    return rounded <= kLargestMagnitude;
-}
+/// A quotient with `bits` bits behind its point, at most 63, that is known but for a small error.
+/// Mostly they tell all the same in which direction it is rounded, and that there is a remainder.
+struct NearQuotient {
+    static constexpr std::uint64_t kError = 32;
 
-/// Likewise a number without its last `drop` digits, 1 to 37. It comes moved up by `zeros` bits to
-/// the highest of 128, those of a longer number by less than none; what does not fit is cut off.
-[[gnu::always_inline]] inline bool DropDigits(uint128 normalised, int zeros, std::int64_t drop,
-                                              uint128& rounded)
+    uint128 number;
+    int bits;
+
+    std::uint64_t Half() const { return std::uint64_t{1} << (bits - 1); }
+
+    /// Whether the error cannot hide a whole or a half.
+    bool IsSure() const { return ((LowHalf(number) + kError) & (Half() - 1)) > 2 * kError; }
+
+    uint128 Rounded() const
+    {
+        return ShiftedRight(number, static_cast<unsigned>(bits)) +
+               OneIf((LowHalf(number) & Half()) != 0);
+    }
+
+    /// The nearest whole number of halves.
+    uint128 Halves() const
+    {
+        return ShiftedRight(number + kError, static_cast<unsigned>(bits - 1));
+    }
+};
+
+/// The number without its last `drop` digits, 1 to 37, rounded; `low` has its low 128 bits. It
+/// comes moved up by `zeros` bits to the highest of 128, one of more bits by less than none, what
+/// does not fit being cut off. False if the quotient has few digits or more than 28.
+[[gnu::always_inline]] inline bool DropDigits(uint128 low, uint128 normalised, int zeros,
+                                              std::int64_t drop, Fitted& result)
 {
     // What is cut off and what the reciprocal lacks cost less than 1 each, the product less than 3.
     const auto& [reciprocal, shift] = kDivisors[static_cast<std::size_t>(drop)];
-    return RoundQuotient(UpperProduct(normalised, reciprocal), zeros + static_cast<int>(shift),
-                         rounded);
+    const NearQuotient quotient = {UpperProduct(normalised, reciprocal),
+                                   zeros + static_cast<int>(shift)};
+    if (quotient.bits > 63)
+        return false;
+    if (quotient.IsSure()) [[likely]] {
+        result.magnitude = quotient.Rounded();
+        result.inexact = true;
+    } else {
+        // The distance from the whole number of halves; far from 128 bits.
+        uint128 halves = quotient.Halves();
+        const uint128 distance = 2 * low - halves * Power128(static_cast<int>(drop));
+        halves -= HighHalf(distance) >> 63;
+        result.magnitude = (halves + 1) >> 1;
+        result.inexact = distance != 0 || (halves & 1) != 0;
+    }
+    return result.magnitude <= kLargestMagnitude;
 }
 
 /// Fit for 128 bits and 27 places, the way of nearly all sums; false if it takes more.
@@ -77,8 +102,7 @@ struct Fitted {
         return false;
     const int zeros = 128 - BitLength(magnitude);
     result.places = places - drop;
-    result.inexact = true;
-    return DropDigits(magnitude << zeros, zeros, drop, result.magnitude);
+    return DropDigits(magnitude, magnitude << zeros, zeros, drop, result);
 }
 
 } // namespace zeldec
