@@ -93,14 +93,15 @@ struct NearQuotient {
 /// Fit for 128 bits and 27 places, the way of nearly all sums; false if it takes more.
 [[gnu::always_inline]] inline bool FitNarrow(uint128 magnitude, std::int64_t places, Fitted& result)
 {
+    const int length = BitLength(magnitude);
     const std::int64_t drop =
-        std::max<std::int64_t>(CountDigits(magnitude) - kMostDigits, places - kMostPlaces);
+        std::max<std::int64_t>(CountDigits(magnitude, length) - kMostDigits, places - kMostPlaces);
     result = {magnitude, places, false};
     if (drop <= 0)
         return places >= 0;
     if (drop > places || drop > kLargestDivisor)
         return false;
-    const int zeros = 128 - BitLength(magnitude);
+    const int zeros = 128 - length;
     result.places = places - drop;
     return DropDigits(magnitude, magnitude << zeros, zeros, drop, result);
 }

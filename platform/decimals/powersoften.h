@@ -54,6 +54,13 @@ constexpr int CountDigits(std::uint64_t number)
     return static_cast<int>(sure) + (number >= kPowers64[sure] ? 1 : 0);
 }
 
+/// The same of a number with so many bits.
+constexpr int CountDigits(uint128 number, int length)
+{
+    const std::size_t sure = SureDigits(length);
+    return static_cast<int>(sure) + (number >= kPowers[sure].Low() ? 1 : 0);
+}
+
 constexpr int CountDigits(uint128 number)
 {
     if (HighHalf(number) == 0)
@@ -152,8 +159,10 @@ struct ShortQuotient {
 /// product / 2^128.
 inline uint128 UpperProduct(uint128 a, uint128 b)
 {
-    return uint128{HighHalf(a)} * HighHalf(b) + HighHalf(uint128{HighHalf(a)} * LowHalf(b)) +
-           HighHalf(uint128{LowHalf(a)} * HighHalf(b));
+    uint128 product = uint128{HighHalf(a)} * HighHalf(b);
+    product += HighHalf(uint128{HighHalf(a)} * LowHalf(b));
+    product += HighHalf(uint128{LowHalf(a)} * HighHalf(b));
+    return product;
 }
 
 /// Divides by 10^exponent, exponent 1 to 18.
