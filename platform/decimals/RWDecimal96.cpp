@@ -221,8 +221,9 @@ std::uint64_t Magnitude(std::int64_t mantissa)
 }
 
 /// Reads any text; null if it is no number.
-[[gnu::noinline]] RWDecimal96 ReadLong(const zeldec::Unsigned& source)
+[[gnu::noinline]] RWDecimal96 ReadLong(const char* text, std::size_t length, bool isNegative)
 {
+    const zeldec::Unsigned source = {text, length, isNegative};
     int128 mantissa = 0;
     int places = 0;
     if (zeldec::TakeLong(source, mantissa, places))
@@ -324,13 +325,13 @@ RWDecimal96::RWDecimal96(const char* text)
 
 RWDecimal96::RWDecimal96(const char* text, std::size_t length) : RWDecimal96()
 {
-    const zeldec::Unsigned source(text, length);
+    const zeldec::Unsigned source = zeldec::WithoutSign(text, length);
     std::int64_t mantissa = 0;
     int places = 0;
     if (zeldec::TakeShort(source, mantissa, places))
         *this = Access::MakeShort(mantissa, places);
     else
-        *this = ReadLong(source);
+        *this = ReadLong(source.text, source.length, source.isNegative);
 }
 
 RWDecimal96 RWDecimal96::from(double number)

@@ -66,12 +66,13 @@ bool Scan(std::string_view text, DigitText& digits)
 /// The value of up to 28 digits, given in two pieces.
 uint128 ValueOf(std::string_view first, std::string_view second)
 {
-    constexpr std::size_t kRoom = 32;
-    char padded[kRoom];
-    std::memset(padded, '0', kRoom);
-    second.copy(padded + kRoom - second.size(), second.size());
-    first.copy(padded + kRoom - second.size() - first.size(), first.size());
-    return DigitWords<kRoom / kWord>(padded, kRoom).Value();
+    constexpr std::size_t kHalf = 16;
+    char padded[2 * kHalf];
+    std::memset(padded, '0', sizeof padded);
+    second.copy(padded + sizeof padded - second.size(), second.size());
+    first.copy(padded + sizeof padded - second.size() - first.size(), first.size());
+    const TwoValues values = ValuesOf(LoadDigits(padded), LoadDigits(padded + kHalf));
+    return uint128{values.first} * kPowers64[kHalf] + values.second;
 }
 
 /// All digits of a number, zeros in front, at the end of 40 bytes.

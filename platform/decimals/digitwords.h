@@ -1,13 +1,15 @@
 #ifndef ZELDT_PLATFORM_DECIMALS_DIGITWORDS_H
 #define ZELDT_PLATFORM_DECIMALS_DIGITWORDS_H
 
-/// Texts of up to 32 characters, read in words of eight. Private to the library.
+/// Texts of up to 32 characters, read sixteen at a time and written in words of eight. Private to
+/// the library.
 
 #include "platform/decimals/fitting.h"
 
-#include <bit>
+#include <algorithm>
+#include <array>
 #include <cstring>
-#include <utility>
+#include <emmintrin.h>
 
 namespace zeldec {
 
@@ -17,16 +19,6 @@ inline constexpr std::size_t kWord = sizeof(std::uint64_t);
 constexpr std::uint64_t InAllBytes(unsigned char c)
 {
     return 0x0101010101010101U * c;
-}
-
-/// The value of eight digits, the first one in the first byte.
-inline std::uint32_t ValueOfEight(std::uint64_t word)
-{
-    // Pairs, then fours, then all, each step done for all parts at once.
-    word = word * 2561 >> 8;
-    word = (word & 0x00FF00FF00FF00FFU) * 6553601 >> 16;
-    word = (word & 0x0000FFFF0000FFFFU) * 42949672960001U >> 32;
-    return static_cast<std::uint32_t>(word);
 }
 
 inline std::uint64_t LoadWord(const char* text)
@@ -55,153 +47,164 @@ inline std::uint64_t UpToEight(const char* text, std::size_t length)
     return word;
 }
 
-/// The digits of a text in words, the last one in the last byte, zeros in front. All of the text is
-/// looked at and computed at once: nothing depends on its length, or on where the point is, by a
-/// branch.
-template <std::size_t count>
-class DigitWords {
-public:
-    /// The text must not fit half the words.
-    DigitWords(const char* text, std::size_t length)
-    {
-        const char* const end = text + length;
-        if constexpr (count == 1) {
-            m_word[0] = Front(UpToEight(text, length), kWord - length);
-        } else if constexpr (count == 2) {
-            m_word[1] = Digits(LoadWord(end - kWord));
-            m_word[0] = Front(LoadWord(text), 2 * kWord - length);
-        } else {
-            m_word[3] = Digits(LoadWord(end - kWord));
-            m_word[2] = Digits(LoadWord(end - 2 * kWord));
-            const bool fillsThree = length >= 3 * kWord;
-            m_word[1] = fillsThree ? Digits(LoadWord(end - 3 * kWord))
-                                   : Front(LoadWord(text), 3 * kWord - length);
-            m_word[0] = fillsThree ? Front(LoadWord(text), 4 * kWord - length) : 0;
-        }
-        TakeOutPoint();
-    }
+/// The first word of a text as digits, `missing` characters short: zeros in front, and what is
+/// behind them belongs to the next word.
+inline std::uint64_t Front(std::uint64_t characters, std::size_t missing)
+{
+    const std::size_t halfOfBits = 4 * missing; // a shift by 64 bits would be none
+    return (characters ^ InAllBytes('0')) << halfOfBits << halfOfBits;
+}
 
-    /// Whether there is nothing but digits and one point or none.
-    bool AreDigits() const { return m_strange == 0; }
-    bool HasPoint() const { return m_behindPoint != 0; }
-    /// Behind the point.
-    int Places() const { return m_places; }
+/// Sixteen characters as digits; what is none becomes more than 9.
+inline __m128i DigitsOf(__m128i characters)
+{
+    return _mm_xor_si128(characters, _mm_set1_epi8('0'));
+}
 
-    uint128 Value() const
-    {
-        if constexpr (count == 1)
-            return ValueOfEight(m_word[0]);
-        else if constexpr (count == 2)
-            return ValueOfPair(0);
-        else
-            return uint128{ValueOfPair(0)} * kPowers64[2 * kWord] + ValueOfPair(2);
-    }
+inline __m128i LoadDigits(const char* text)
+{
+    return DigitsOf(_mm_loadu_si128(reinterpret_cast<const __m128i*>(text)));
+}
 
-private:
-    static std::uint64_t Digits(std::uint64_t characters) { return characters ^ InAllBytes('0'); }
+/// One bit for each byte that is no digit.
+inline std::uint32_t FindOthers(__m128i digits)
+{
+    const __m128i areDigits = _mm_cmpeq_epi8(_mm_min_epu8(digits, _mm_set1_epi8(9)), digits);
+    return static_cast<std::uint32_t>(_mm_movemask_epi8(areDigits)) ^ 0xFFFF;
+}
 
-    /// The first word of a text, `missing` characters short; what follows belongs to the next word.
-    static std::uint64_t Front(std::uint64_t characters, std::size_t missing)
-    {
-        const std::size_t halfOfBits = 4 * missing; // a shift by 64 bits would be none
-        return Digits(characters) << halfOfBits << halfOfBits;
-    }
+/// All bits of the first bytes, up to 16.
+inline __m128i FirstBytes(std::int64_t count)
+{
+    constexpr int kBytes = 16;
+    static constexpr auto kOnesAndZeros = [] {
+        std::array<unsigned char, 2 * kBytes> bytes{};
+        std::fill_n(bytes.begin(), kBytes, static_cast<unsigned char>(0xFF));
+        return bytes;
+    }();
+    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(kOnesAndZeros.data() + kBytes - count));
+}
 
-    /// What is before the point moves up. Here and in what follows the steps are written out one by
-    /// one: so the words stay in registers.
-    void TakeOutPoint()
-    {
-        [&]<std::size_t... i>(std::index_sequence<i...>)
-        {
-            (TakeOutPointOf<count - 1 - i>(), ...);
-        }
-        (std::make_index_sequence<count>());
-    }
+/// The bytes of `a` where the mask has bits, elsewhere those of `b`.
+inline __m128i Chosen(__m128i mask, __m128i a, __m128i b)
+{
+    return _mm_or_si128(_mm_and_si128(mask, a), _mm_andnot_si128(mask, b));
+}
 
-    template <std::size_t i>
-    void TakeOutPointOf()
-    {
-        const std::uint64_t word = m_word[i];
-        // The highest bit of each byte that is no digit; it should be one at most, of a point.
-        const std::uint64_t others = ((word + InAllBytes(0x80 - 10)) | word) & InAllBytes(0x80);
-        const std::uint64_t isHere = -OneIf(others != 0);
-        const std::uint64_t noPoint = word ^ InAllBytes('.' ^ '0');
-        m_strange |= (others & (others - 1)) | (isHere & m_behindPoint) |
-                     (noPoint & ((others << 1) - (others >> 7)));
-        const int behind = (64 - BitLength(others)) / 8;
-        m_places = others != 0 ? static_cast<int>((count - 1 - i) * kWord) + behind : m_places;
-        const std::uint64_t moving = (isHere & (others ^ (others - 1))) | m_behindPoint;
-        std::uint64_t moved = word << 8;
-        if constexpr (i != 0)
-            moved |= m_word[i - 1] >> 56;
-        m_word[i] = (word & ~moving) | (moved & moving);
-        m_behindPoint |= isHere;
-    }
+/// The values of four digits each.
+inline __m128i ValuesOfFour(__m128i digits)
+{
+    const __m128i pairs = _mm_srli_epi16(_mm_mullo_epi16(digits, _mm_set1_epi16(2561)), 8);
+    return _mm_madd_epi16(pairs, _mm_set1_epi32(1 << 16 | 100));
+}
 
-    std::uint64_t ValueOfPair(std::size_t at) const
-    {
-        return ValueOfEight(m_word[at]) * kPowers64[kWord] + ValueOfEight(m_word[at + 1]);
-    }
-
-    std::uint64_t m_word[count];
-    std::uint64_t m_behindPoint = 0; ///< all bits, or none: the point was in a word behind
-    std::uint64_t m_strange = 0;
-    int m_places = 0;
+struct TwoValues {
+    std::uint64_t first;
+    std::uint64_t second;
 };
 
-/// The mantissa and the places of a text that `count` words hold; false if it is no number.
-template <std::size_t count>
-[[gnu::always_inline]] inline bool TakeDigits(const char* text, std::size_t length,
-                                              uint128& magnitude, int& places)
+/// The values of twice sixteen digits.
+inline TwoValues ValuesOf(__m128i first, __m128i second)
 {
-    const DigitWords<count> digits(text, length);
-    magnitude = digits.Value();
-    places = digits.Places();
-    return digits.AreDigits() && length != (digits.HasPoint() ? 1U : 0U);
+    const __m128i fours = _mm_packs_epi32(ValuesOfFour(first), ValuesOfFour(second));
+    const __m128i eights = _mm_madd_epi16(fours, _mm_set1_epi32(1 << 16 | 10000));
+    const __m128i values = _mm_add_epi64(_mm_mul_epu32(eights, _mm_set1_epi64x(kPowers64[kWord])),
+                                         _mm_srli_epi64(eights, 32));
+    return {static_cast<std::uint64_t>(_mm_cvtsi128_si64(values)),
+            static_cast<std::uint64_t>(_mm_cvtsi128_si64(_mm_unpackhi_epi64(values, values)))};
+}
+
+/// The point of a text, if there is one.
+struct Point {
+    bool isThere;
+    int places; ///< behind it
+};
+
+/// Finds it by the bits of the characters that are no digits, the last of them `length` - 1. False
+/// if there is anything but digits and one point.
+inline bool FindPoint(std::uint32_t others, int length, const char* end, Point& point)
+{
+    const int index = BitLength(std::uint64_t{others}) - 1;
+    point.isThere = others != 0;
+    point.places = point.isThere ? length - 1 - index : 0;
+    return (others & (others - 1)) == 0 && (!point.isThere || end[-1 - point.places] == '.');
+}
+
+/// The last sixteen characters of a text without the point, 0 in front.
+inline __m128i TakeOutPoint(__m128i digits, const Point& point)
+{
+    const int moved = point.isThere ? std::max(16 - point.places, 0) : 0;
+    return Chosen(FirstBytes(moved), _mm_slli_si128(digits, 1), digits);
 }
 
 /// A text without the sign in front.
 struct Unsigned {
-    Unsigned(const char* signedText, std::size_t signedLength)
-        : text(signedText), length(signedLength)
-    {
-        if (length != 0 && (*text == '-' || *text == '+')) {
-            isNegative = *text == '-';
-            ++text;
-            --length;
-        }
-    }
-
     const char* text;
     std::size_t length;
-    bool isNegative = false;
+    bool isNegative;
 };
 
-/// The same of texts with 17 to 32 characters that are numbers of at most 28 digits and 27 places;
-/// false for all others.
+inline Unsigned WithoutSign(const char* text, std::size_t length)
+{
+    if (length != 0 && (*text == '-' || *text == '+'))
+        return {text + 1, length - 1, *text == '-'};
+    return {text, length, false};
+}
+
+/// Reads texts of 17 to 32 characters that are numbers of at most 28 digits and 27 places; false
+/// for all others.
 [[gnu::always_inline]] inline bool TakeLong(const Unsigned& source, int128& mantissa, int& places)
 {
-    uint128 magnitude = 0;
-    if (source.length <= 2 * kWord || source.length > 4 * kWord ||
-        !TakeDigits<4>(source.text, source.length, magnitude, places) ||
-        magnitude > kLargestMagnitude || places > kMostPlaces)
+    constexpr int kBytes = 16;
+    const auto length = static_cast<int>(source.length);
+    if (source.length <= kBytes || source.length > std::size_t{2 * kBytes})
         return false;
+    // The last sixteen characters, and what is in front of them as if zeros followed.
+    const char* const end = source.text + length;
+    const int front = length - kBytes;
+    const __m128i first = LoadDigits(source.text);
+    const __m128i last = LoadDigits(end - kBytes);
+    const std::uint32_t ofFirst = FindOthers(first) & ((1U << front) - 1);
+    Point point;
+    if (!FindPoint(ofFirst | FindOthers(last) << front, length, end, point))
+        return false;
+    const int beforePoint = point.isThere ? length - 1 - point.places : length;
+    const __m128i moved = _mm_and_si128(FirstBytes(front - 1), _mm_srli_si128(first, 1));
+    const TwoValues values = ValuesOf(
+        Chosen(FirstBytes(std::min(beforePoint, front)), first, moved), TakeOutPoint(last, point));
+    const std::uint64_t scale =
+        kPowers64[static_cast<std::size_t>(front - (point.isThere ? 1 : 0))];
+    const uint128 magnitude = uint128{values.first} * scale + values.second;
+    places = point.places;
     mantissa = WithSign(static_cast<int128>(magnitude), -int128{source.isNegative});
-    return true;
+    return magnitude <= kLargestMagnitude && places <= kMostPlaces;
 }
 
 /// The same of texts with at most 16 characters.
 [[gnu::always_inline]] inline bool TakeShort(const Unsigned& source, std::int64_t& mantissa,
                                              int& places)
 {
-    uint128 magnitude = 0;
-    const bool isTaken =
-        source.length <= kWord       ? TakeDigits<1>(source.text, source.length, magnitude, places)
-        : source.length <= 2 * kWord ? TakeDigits<2>(source.text, source.length, magnitude, places)
-                                     : false;
+    const std::size_t length = source.length;
+    if (length == 0 || length > 2 * kWord)
+        return false;
+    const char* const end = source.text + length;
+    const bool isOneWord = length <= kWord;
+    const std::uint64_t word = isOneWord ? UpToEight(source.text, length) : LoadWord(source.text);
+    const std::uint64_t front = Front(word, (isOneWord ? kWord : 2 * kWord) - length);
+    const __m128i digits =
+        isOneWord
+            ? _mm_set_epi64x(static_cast<std::int64_t>(front), 0)
+            : _mm_set_epi64x(static_cast<std::int64_t>(LoadWord(end - kWord) ^ InAllBytes('0')),
+                             static_cast<std::int64_t>(front));
+    Point point;
+    if (!FindPoint(FindOthers(digits), 2 * kWord, end, point) || length == OneIf(point.isThere))
+        return false;
+    const auto value =
+        static_cast<std::int64_t>(ValuesOf(TakeOutPoint(digits, point), _mm_setzero_si128()).first);
     const std::int64_t sign = -std::int64_t{source.isNegative};
-    mantissa = (static_cast<std::int64_t>(magnitude) ^ sign) - sign;
-    return isTaken;
+    places = point.places;
+    mantissa = (value ^ sign) - sign;
+    return true;
 }
 
 /// Eight digits as characters, in a word whose first byte is the first digit.
