@@ -6,6 +6,8 @@
 #include <cmath>
 #include <iomanip>
 #include <sstream>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -105,6 +107,39 @@ TEST(RandomConversions, Parsing)
         const std::string text = DrawText(operands);
         EXPECT_EQ(OutcomeOf([&] { return RWDecimal96(text.c_str()); }), model::Parse(text).Show())
             << '"' << text << '"';
+    }
+}
+
+/// Every number of digits with every number of places, printed and read again: in the text's own
+/// memory, without its zero before the point, and with a sign.
+TEST(RandomConversions, TextsOfEveryShape)
+{
+    Operands operands(18);
+    const CountedHandlers handlers;
+    const auto expectRead = [](const std::string& text) {
+        const std::vector<char> bytes(text.begin(), text.end());
+        EXPECT_EQ(OutcomeOf([&] { return RWDecimal96(bytes.data(), bytes.size()); }),
+                  model::Parse(text).Show())
+            << '"' << text << '"';
+    };
+    const int repetitions = RunsLong() ? 400 : 40;
+    for (std::size_t digits = 1; digits <= 28; ++digits) {
+        for (std::int64_t places = 0; places <= 36; ++places) {
+            for (int i = 0; i < repetitions && !HasFailure(); ++i) {
+                std::string mantissa;
+                for (std::size_t at = 0; at < digits; ++at)
+                    mantissa.push_back(static_cast<char>('0' + operands.DrawInt(0, 9)));
+                const BigNatural magnitude = BigNatural::FromDigits(mantissa);
+                const bool isNegative = operands.DrawInt(0, 1) == 1 && !magnitude.IsZero();
+                const Decimal number = {isNegative, magnitude, places};
+                const std::string text = number.Text();
+                EXPECT_EQ(TextOf(RawDecimal(number)), text);
+                expectRead(text);
+                expectRead(isNegative ? "-0" + text.substr(1) : '+' + text);
+                if (text.starts_with("0."))
+                    expectRead(text.substr(1));
+            }
+        }
     }
 }
 
