@@ -65,29 +65,6 @@ void WriteTextHead(CArchive& ar, std::uint32_t length)
         ar << kLongLength << kVeryLongLength << length;
 }
 
-/// Copies the first and the last `Word` of so many bytes; they overlap and cover all.
-template <typename Word>
-void CopyEnds(char* target, const char* source, std::size_t length)
-{
-    Word first;
-    Word last;
-    std::memcpy(&first, source, sizeof first);
-    std::memcpy(&last, source + length - sizeof last, sizeof last);
-    std::memcpy(target, &first, sizeof first);
-    std::memcpy(target + length - sizeof last, &last, sizeof last);
-}
-
-/// memcpy, without a call for the lengths that names have.
-void CopyShort(char* target, const char* source, std::size_t length)
-{
-    if (length >= 8 && length <= 16)
-        CopyEnds<std::uint64_t>(target, source, length);
-    else if (length >= 4 && length < 8)
-        CopyEnds<std::uint32_t>(target, source, length);
-    else
-        std::memcpy(target, source, length);
-}
-
 void ReadExactly(CArchive& ar, void* buffer, std::size_t count)
 {
     if (ar.Read(buffer, static_cast<UINT>(count)) != count)
@@ -376,29 +353,17 @@ void CArchive::WriteCount(ULONGLONG count)
         *this << WORD{0xFFFF} << std::uint32_t{0xFFFFFFFF} << count;
 }
 
-/// A short text goes with its length into what is left of the buffer, if that is enough.
-void CArchiveText::Write(CArchive& ar, const CString& text)
+// Texts
+
+[[gnu::noinline]] void CArchiveText::WriteLong(CArchive& ar, std::string_view text)
 {
-    const auto length = static_cast<std::size_t>(text.GetLength());
-    if (length < kLongLength && HasRoom(ar, 1 + length)) {
-        char* const out = Room(ar);
-        *out = static_cast<char>(length);
-        CopyShort(out + 1, text.GetString(), length);
-        Finish(ar, out + 1 + length);
-        return;
-    }
-    WriteTextHead(ar, static_cast<std::uint32_t>(length));
-    ar.Write(text.GetString(), static_cast<UINT>(length));
+    WriteTextHead(ar, static_cast<std::uint32_t>(text.size()));
+    ar.Write(text.data(), static_cast<UINT>(text.size()));
 }
 
 /// A text is read where it lies if the buffer can hold it.
-void CArchiveText::Read(CArchive& ar, CString& text)
+[[gnu::noinline]] void CArchiveText::ReadLong(CArchive& ar, CString& text)
 {
-    std::string_view shortText;
-    if (Take(ar, shortText)) {
-        text.SetString(shortText.data(), static_cast<int>(shortText.size()));
-        return;
-    }
     const TextHead head = ReadTextHead(ar);
     if (head.wide)
         text = ReadWideText(ar, head.length);
@@ -411,12 +376,16 @@ void CArchiveText::Read(CArchive& ar, CString& text)
 
 CArchive& operator<<(CArchive& ar, const CString& text)
 {
-    CArchiveText::Write(ar, text);
+    CArchiveText::Write(ar, zelfw::View(text));
     return ar;
 }
 
 CArchive& operator>>(CArchive& ar, CString& text)
 {
-    CArchiveText::Read(ar, text);
+    std::string_view shortText;
+    if (CArchiveText::Take(ar, shortText))
+        text.SetString(shortText.data(), static_cast<int>(shortText.size()));
+    else
+        CArchiveText::ReadLong(ar, text);
     return ar;
 }

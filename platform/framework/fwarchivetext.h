@@ -5,6 +5,7 @@
 /// installed.
 
 #include "platform/framework/fwarchive.h"
+#include "platform/framework/fwtext.h"
 
 #include <cstddef>
 #include <string_view>
@@ -41,9 +42,22 @@ struct CArchiveText {
         return true;
     }
 
-    /// Any text.
-    static void Write(CArchive& ar, const CString& text);
-    static void Read(CArchive& ar, CString& text);
+    /// Writes a text of any length that a CString may have.
+    static void Write(CArchive& ar, std::string_view text)
+    {
+        if (text.size() >= kLongLength || !HasRoom(ar, 1 + text.size())) {
+            WriteLong(ar, text);
+            return;
+        }
+        char* const out = Room(ar);
+        *out = static_cast<char>(text.size());
+        zelfw::CopyBytes(text.data(), text.size(), out + 1);
+        Finish(ar, out + 1 + text.size());
+    }
+
+    ZELFW_API static void WriteLong(CArchive& ar, std::string_view text);
+    /// Reads a text of any kind.
+    static void ReadLong(CArchive& ar, CString& text);
 };
 
 #endif

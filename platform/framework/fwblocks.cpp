@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <new>
+#include <utility>
 
 namespace zelfw {
 
@@ -11,7 +13,7 @@ namespace zelfw {
 
 namespace {
 
-/// The sizes of blocks: those that malloc hands out anyway. Up to the largest one blocks are kept.
+/// The sizes of blocks: those that malloc hands out anyway. The first ones are kept.
 constexpr std::size_t kSmallest = 24;
 constexpr std::size_t kStep = 16;
 constexpr std::size_t kKeptSizes = 4;
@@ -24,7 +26,8 @@ constexpr unsigned kSlot = 1;
 
 constexpr std::size_t SizeIndex(std::size_t size)
 {
-    return (std::max(size, kSmallest) - kSmallest + kStep - 1) / kStep;
+    constexpr std::size_t kLeast = kSmallest - kStep + 1; // of the first size
+    return (std::max(size, kLeast) - kLeast) / kStep;
 }
 
 constexpr std::size_t BlockSize(std::size_t index)
@@ -32,10 +35,18 @@ constexpr std::size_t BlockSize(std::size_t index)
     return kSmallest + index * kStep;
 }
 
+static_assert(SizeIndex(0) == 0 && SizeIndex(kSmallest) == 0);
+static_assert(SizeIndex(kSmallest + 1) == 1 && SizeIndex(kSmallest + kStep) == 1);
+
+/// A block that nobody uses.
+struct KeptBlock {
+    KeptBlock* next;
+};
+
 /// The blocks of one size that a thread keeps.
 struct KeptBlocks {
+    KeptBlock* first;
     std::size_t count;
-    void* blocks[kMostKept];
 };
 
 struct Cache {
@@ -60,8 +71,10 @@ Cache* CacheOfThread() noexcept
 void FreeAll(void* pointer)
 {
     auto* const cache = static_cast<Cache*>(pointer);
-    for (const KeptBlocks& kept : cache->ofSize)
-        std::for_each(kept.blocks, kept.blocks + kept.count, [](void* block) { std::free(block); });
+    for (const KeptBlocks& kept : cache->ofSize) {
+        for (KeptBlock* block = kept.first; block != nullptr;)
+            std::free(std::exchange(block, block->next));
+    }
     std::free(cache);
 }
 
@@ -101,9 +114,10 @@ void* TakeBlock(std::size_t size) noexcept
     const std::size_t index = SizeIndex(size);
     if (index < kKeptSizes) {
         Cache* const cache = CacheOfThread();
-        if (cache != nullptr && cache->ofSize[index].count != 0) {
+        if (cache != nullptr && cache->ofSize[index].first != nullptr) {
             KeptBlocks& kept = cache->ofSize[index];
-            return kept.blocks[--kept.count];
+            --kept.count;
+            return std::exchange(kept.first, kept.first->next);
         }
     }
     return std::malloc(BlockSize(index));
@@ -118,7 +132,8 @@ void ReturnBlock(void* block, std::size_t size) noexcept
             cache = MakeCache();
         if (cache != nullptr && cache->ofSize[index].count < kMostKept) {
             KeptBlocks& kept = cache->ofSize[index];
-            kept.blocks[kept.count++] = block;
+            kept.first = new (block) KeptBlock{kept.first};
+            ++kept.count;
             return;
         }
     }

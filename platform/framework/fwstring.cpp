@@ -12,15 +12,10 @@
 
 using zelfw::View;
 
-namespace {
+constinit zelfw::EmptyText zelfw::emptyText{{1, 0, 0}, '\0'};
+static_assert(offsetof(zelfw::EmptyText, end) == sizeof(CStringData));
 
-/// The text of every empty string that has no buffer. Shared by all of them, never written.
-struct EmptyText {
-    CStringData data;
-    char end;
-};
-constinit EmptyText emptyText{{1, 0, 0}, '\0'};
-static_assert(offsetof(EmptyText, end) == sizeof(CStringData));
+namespace {
 
 char* TextOf(CStringData* data) noexcept
 {
@@ -33,14 +28,14 @@ std::size_t BlockSizeOf(int allocLength) noexcept
     return sizeof(CStringData) + static_cast<std::size_t>(allocLength) + 1;
 }
 
-/// An empty text with room for `length` bytes.
-CStringData* Allocate(int length)
+/// A text of `length` bytes, which the caller sets, and room for `room`.
+[[gnu::always_inline]] inline CStringData* Allocate(int length, int room)
 {
-    void* memory = zelfw::TakeBlock(BlockSizeOf(length));
+    void* memory = zelfw::TakeBlock(BlockSizeOf(room));
     if (memory == nullptr)
         AfxThrowMemoryException();
-    auto* data = new (memory) CStringData{1, 0, length};
-    *TextOf(data) = '\0';
+    auto* data = new (memory) CStringData{1, length, room};
+    TextOf(data)[length] = '\0';
     return data;
 }
 
@@ -50,25 +45,13 @@ void SetLengthOf(CStringData* data, int length) noexcept
     TextOf(data)[length] = '\0';
 }
 
-void Release(CStringData* data) noexcept
-{
-    if (data == &emptyText.data)
-        return;
-    // Who holds the last reference, or a locked text, needs no atomic subtraction: nobody else can
-    // add one.
-    if (data->nRefs.load(std::memory_order_acquire) <= 1 ||
-        data->nRefs.fetch_sub(1, std::memory_order_acq_rel) == 1)
-        zelfw::ReturnBlock(data, BlockSizeOf(data->nAllocLength));
-}
-
 /// A new text of these bytes; the shared empty one when there are none.
 CStringData* Duplicate(LPCTSTR text, int length)
 {
     if (length == 0)
-        return &emptyText.data;
-    CStringData* const data = Allocate(length);
-    std::memcpy(TextOf(data), text, static_cast<std::size_t>(length));
-    SetLengthOf(data, length);
+        return &zelfw::emptyText.data;
+    CStringData* const data = Allocate(length, length);
+    zelfw::CopyBytes(text, static_cast<std::size_t>(length), TextOf(data));
     return data;
 }
 
@@ -125,16 +108,9 @@ CString Join(std::string_view first, std::string_view second, std::string_view t
 
 // Construction
 
-CString::CString() noexcept : m_pszData(TextOf(&emptyText.data)) {}
-
 CString::CString(const CString& source) : CString()
 {
     *this = source;
-}
-
-CString::CString(CString&& source) noexcept : m_pszData(source.m_pszData)
-{
-    source.m_pszData = TextOf(&emptyText.data);
 }
 
 CString::CString(LPCTSTR text) : CString(text, zelfw::CheckedLength(View(text).size())) {}
@@ -165,9 +141,13 @@ CString::CString(LPCOLESTR text, int length) : CString()
     });
 }
 
-CString::~CString()
+void CString::Release(CStringData* data) noexcept
 {
-    Release(Data());
+    // Who holds the last reference, or a locked text, needs no atomic subtraction: nobody else can
+    // add one.
+    if (data->nRefs.load(std::memory_order_acquire) <= 1 ||
+        data->nRefs.fetch_sub(1, std::memory_order_acq_rel) == 1)
+        zelfw::ReturnBlock(data, BlockSizeOf(data->nAllocLength));
 }
 
 // Assignment
@@ -180,9 +160,10 @@ CString& CString::operator=(const CString& source)
         SetString(source.m_pszData, source.GetLength());
         return *this;
     }
-    if (source.Data() != &emptyText.data)
+    if (source.HasBuffer())
         source.Data()->nRefs.fetch_add(1, std::memory_order_relaxed);
-    Release(Data());
+    if (HasBuffer())
+        Release(Data());
     m_pszData = source.m_pszData;
     return *this;
 }
@@ -227,6 +208,8 @@ void CString::SetString(LPCTSTR text, int length)
 {
     if (RequireText(text, length) == 0) {
         Empty();
+    } else if (!HasBuffer()) {
+        m_pszData = TextOf(Duplicate(text, length));
     } else if (IsOwn(length)) {
         std::memmove(m_pszData, text, static_cast<std::size_t>(length));
         SetLengthOf(Data(), length);
@@ -241,8 +224,9 @@ void CString::Empty() noexcept
         SetLengthOf(Data(), 0);
         return;
     }
-    Release(Data());
-    m_pszData = TextOf(&emptyText.data);
+    if (HasBuffer())
+        Release(Data());
+    m_pszData = &zelfw::emptyText.end;
 }
 
 void CString::Append(const CString& text)
@@ -270,10 +254,11 @@ void CString::Append(LPCTSTR text, int length)
         // costs constant time a byte. A first text gets exactly what it needs.
         const std::int64_t generous = std::int64_t{oldLength} + oldLength / 2;
         const int room = static_cast<int>(std::clamp<std::int64_t>(generous, newLength, INT_MAX));
-        CStringData* data = Allocate(room);
+        CStringData* data = Allocate(newLength, room);
         std::memcpy(TextOf(data), m_pszData, static_cast<std::size_t>(oldLength));
         std::memcpy(TextOf(data) + oldLength, text, size);
         Adopt(data);
+        return;
     }
     SetLengthOf(Data(), newLength);
 }
@@ -303,11 +288,9 @@ CString& CString::operator+=(TCHAR character)
 
 // Characters
 
-TCHAR CString::GetAt(int index) const
+void CString::ThrowBadIndex()
 {
-    if (index < 0 || index > GetLength())
-        AfxThrowInvalidArgException();
-    return m_pszData[index];
+    AfxThrowInvalidArgException();
 }
 
 void CString::SetAt(int index, TCHAR character)
@@ -322,7 +305,7 @@ void CString::SetAt(int index, TCHAR character)
 /// Whether the buffer is this object's alone and has room for `length` bytes.
 bool CString::IsOwn(int length) const noexcept
 {
-    return Data() != &emptyText.data && Data()->nAllocLength >= length &&
+    return HasBuffer() && Data()->nAllocLength >= length &&
            Data()->nRefs.load(std::memory_order_acquire) <= 1;
 }
 
@@ -331,7 +314,8 @@ void CString::Adopt(CStringData* data) noexcept
 {
     if (IsLocked(Data()))
         data->nRefs.store(-1, std::memory_order_relaxed);
-    Release(Data());
+    if (HasBuffer())
+        Release(Data());
     m_pszData = TextOf(data);
 }
 
@@ -341,9 +325,8 @@ void CString::MakeOwn(int length)
     if (IsOwn(length))
         return;
     const int kept = GetLength();
-    CStringData* data = Allocate(std::max(length, kept));
+    CStringData* data = Allocate(kept, std::max(length, kept));
     std::memcpy(TextOf(data), m_pszData, static_cast<std::size_t>(kept));
-    SetLengthOf(data, kept);
     Adopt(data);
 }
 
@@ -380,7 +363,7 @@ void CString::ReleaseBufferSetLength(int newLength)
 {
     if (newLength < 0 || newLength > GetAllocLength())
         AfxThrowInvalidArgException();
-    if (Data() == &emptyText.data)
+    if (!HasBuffer())
         return;
     MakeOwn(newLength);
     SetLengthOf(Data(), newLength);
@@ -400,9 +383,8 @@ void CString::FreeExtra()
         Empty();
         return;
     }
-    CStringData* data = Allocate(length);
+    CStringData* data = Allocate(length, length);
     std::memcpy(TextOf(data), m_pszData, static_cast<std::size_t>(length));
-    SetLengthOf(data, length);
     Adopt(data);
 }
 

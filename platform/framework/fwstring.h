@@ -44,13 +44,28 @@ struct CStringData {
     int nAllocLength;       ///< bytes there is room for, the final NUL not counted
 };
 
+namespace zelfw {
+
+/// The text of every empty string that has no buffer. Shared by all of them, never written.
+struct EmptyText {
+    CStringData data;
+    char end;
+};
+
+extern ZELFW_API EmptyText emptyText;
+
+} // namespace zelfw
+
 class ZELFW_API CString {
 public:
     // Construction
 
-    CString() noexcept;
+    CString() noexcept : m_pszData(&zelfw::emptyText.end) {}
     CString(const CString& source);
-    CString(CString&& source) noexcept;
+    CString(CString&& source) noexcept : m_pszData(source.m_pszData)
+    {
+        source.m_pszData = &zelfw::emptyText.end;
+    }
     CString(LPCTSTR text);
     CString(const unsigned char* text);
     /// The first `length` bytes at `text`, NUL bytes included. A null text needs length 0.
@@ -60,7 +75,11 @@ public:
     /// From 16-bit text; '?' stands for what code page 1252 lacks.
     explicit CString(LPCOLESTR text);
     CString(LPCOLESTR text, int length);
-    ~CString();
+    ~CString()
+    {
+        if (HasBuffer())
+            Release(Data());
+    }
 
     // Assignment
 
@@ -83,7 +102,12 @@ public:
     LPCTSTR GetString() const noexcept { return m_pszData; }
     operator LPCTSTR() const noexcept { return m_pszData; }
     /// The character at `index`; the position behind the last one gives the NUL.
-    TCHAR GetAt(int index) const;
+    TCHAR GetAt(int index) const
+    {
+        if (index < 0 || index > GetLength())
+            ThrowBadIndex();
+        return m_pszData[index];
+    }
     TCHAR operator[](int index) const { return GetAt(index); }
 
     /// Negative, 0 or positive as this text comes before, equals or comes after the other one,
@@ -228,6 +252,10 @@ private:
     explicit CString(CStringData* data) noexcept : m_pszData(reinterpret_cast<LPTSTR>(data + 1)) {}
 
     CStringData* Data() const noexcept { return reinterpret_cast<CStringData*>(m_pszData) - 1; }
+    bool HasBuffer() const noexcept { return m_pszData != &zelfw::emptyText.end; }
+    /// Drops a text that is not the shared empty one.
+    static void Release(CStringData* data) noexcept;
+    [[noreturn]] static void ThrowBadIndex();
     int Order(const CString& other) const noexcept;
     bool IsOwn(int length) const noexcept;
     void Adopt(CStringData* data) noexcept;

@@ -5,8 +5,10 @@
 
 #include "platform/framework/fwstring.h"
 #include "platform/runtime/ansi.h"
+#include "platform/runtime/shorttext.h"
 
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 namespace zelfw {
@@ -20,6 +22,15 @@ inline std::string_view View(const CString& text) noexcept
 inline std::string_view View(LPCTSTR text) noexcept
 {
     return text == nullptr ? std::string_view() : std::string_view(text);
+}
+
+/// memcpy, without a call for the lengths that names have.
+inline void CopyBytes(const char* text, std::size_t size, char* out) noexcept
+{
+    if (size <= zelrt::kShortText)
+        zelrt::CopyUpTo16(text, size, out);
+    else
+        std::memcpy(out, text, size);
 }
 
 /// The byte of code page 1252 for a 16-bit unit, '?' where there is none.

@@ -10,16 +10,10 @@
 
 namespace zeldt {
 
-/// Writes what a CString of that text writes. A short one, whose length takes one byte, does not
-/// become a CString for it.
+/// Writes what a CString of that text writes.
 inline void WriteText(CArchive& ar, std::string_view text)
 {
-    if (text.size() >= CArchiveText::kLongLength) {
-        ar << CString(text.data(), static_cast<int>(text.size()));
-        return;
-    }
-    ar << static_cast<BYTE>(text.size());
-    ar.Write(text.data(), static_cast<UINT>(text.size()));
+    CArchiveText::Write(ar, text);
 }
 
 /// Writes the text that `write` makes of at most `room` bytes, some of which it may overwrite
