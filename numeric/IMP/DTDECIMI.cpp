@@ -92,15 +92,21 @@ bool IsPlainNumber(std::string_view text)
     return digits > 0 && points <= 1 && static_cast<std::size_t>(points + digits) == text.size();
 }
 
+/// Reads what the decimal library reads, which nearly all texts are; null for any other text. What
+/// has so few bytes is not too long, whatever its digits.
+RWDecimal96 ReadPlain(std::string_view text)
+{
+    if (text.size() > kMostDigits)
+        return {};
+    return RWDecimal96(text.data(), text.size());
+}
+
 /// The number of a text that may have commas and blanks anywhere; see the constructor.
 RWDecimal96 ReadText(std::string_view text)
 {
-    // Most texts are what the decimal library reads, and not too long whatever their digits.
-    if (text.size() <= kMostDigits) {
-        const RWDecimal96 read(text.data(), text.size());
-        if (!read.isNull())
-            return read;
-    }
+    const RWDecimal96 plain = ReadPlain(text);
+    if (!plain.isNull())
+        return plain;
     if (text.size() > kMostBytes)
         Raise(kFromText, ErrorNo::InputTooLong);
     const std::size_t point = text.find('.');
@@ -191,6 +197,9 @@ ZelDtDecimal_Imp::ZelDtDecimal_Imp(const ZelDtDecimal_Imp& source)
 RWDecimal96 ZelDtDecimal_Imp::ConvAsciiToRW96(std::string_view text)
 {
     InstallHandlers();
+    const RWDecimal96 plain = ReadPlain(text);
+    if (!plain.isNull())
+        return plain;
     const std::string_view number = WithoutBlanksAround(text);
     const std::size_t signs = !number.empty() && IsSign(number.front()) ? 1 : 0;
     const std::string_view unsignedNumber = number.substr(signs);
