@@ -176,10 +176,10 @@ void ZelDtString::Serialize(CArchive& ar)
         }
         Rollback rollback(*this);
         ZelDtBasis::Serialize(ar);
-        CString text;
-        ar >> text;
+        zeldt::IncomingText text;
+        text.Read(ar);
         if (IsDefined())
-            AssignText(kSerialize, ViewOf(text));
+            AssignText(kSerialize, text.View());
         else
             Clear();
         rollback.Commit();
