@@ -475,15 +475,20 @@ bool Access::IsPlain(const ZelDtDecimal& value)
 void Access::Store(ZelDtDecimal& value, CArchive& ar)
 {
     zeldt::UsualExtern usual;
-    if (IsPlain(value) && value.IsDefined() && usual.Take(Number(value))) {
-        value.ZelDtBasis::Serialize(ar);
-        Guarded(kSerialize, [&] {
-            zeldt::WriteMadeText<zeldt::UsualExtern::kRoom>(
-                ar, [&](char* out) { return usual.Write(out); });
-            ar << WORD{kExternVersion};
-        });
+    if (!IsPlain(value) || !value.IsDefined() || !usual.Take(Number(value))) {
+        StoreExtern(value, ar);
         return;
     }
+    value.ZelDtBasis::Serialize(ar);
+    Guarded(kSerialize, [&] {
+        zeldt::WriteMadeText<zeldt::UsualExtern::kRoom>(
+            ar, [&](char* out) { return usual.Write(out); });
+        ar << WORD{kExternVersion};
+    });
+}
+
+[[gnu::noinline]] void Access::StoreExtern(ZelDtDecimal& value, CArchive& ar)
+{
     int defined = 0;
     unsigned short version = 0;
     const ZelDtString text = value.ConvToExtern(defined, version);
@@ -510,11 +515,16 @@ void Access::Load(ZelDtDecimal& value, CArchive& ar)
         ZelDtDecimal_Imp::InstallHandlers();
         Replace(value, number);
     } else {
-        const ZelDtString external(
-            CString(text.View().data(), static_cast<int>(text.View().size())));
-        value.SetFromExtern(&external, value.IsDefined(), version);
+        TakeExtern(value, text.View(), version);
     }
     rollback.Commit();
+}
+
+[[gnu::noinline]] void Access::TakeExtern(ZelDtDecimal& value, std::string_view text,
+                                          unsigned short version)
+{
+    const ZelDtString external(CString(text.data(), static_cast<int>(text.size())));
+    value.SetFromExtern(&external, value.IsDefined(), version);
 }
 
 void ZelDtDecimal::Serialize(CArchive& ar)

@@ -157,6 +157,11 @@ struct DecimalAccess {
 
 private:
     static bool IsPlain(const ZelDtDecimal& value);
+
+    // The same with an external text in between
+
+    static void StoreExtern(ZelDtDecimal& value, CArchive& ar);
+    static void TakeExtern(ZelDtDecimal& value, std::string_view text, unsigned short version);
 };
 
 } // namespace zeldt
