@@ -152,11 +152,11 @@ TEST(RandomRoundings, QuotientsNearPowersOfTen)
             DrawSize(operands, 0, static_cast<std::int64_t>(kLongest - digits));
         const BigNatural divisor = DrawDigits(operands, digits);
         const BigNatural power = divisor * BigNatural::PowerOfTen(zeros) + 2;
-        const BigNatural near = power - static_cast<std::uint64_t>(operands.DrawInt(0, 3));
-        const Decimal a = WithAnySign(operands, near, operands.DrawInt(0, 27));
+        const BigNatural neighbour = power - static_cast<std::uint64_t>(operands.DrawInt(0, 3));
+        const Decimal a = WithAnySign(operands, neighbour, operands.DrawInt(0, 27));
         const Decimal b = WithAnySign(operands, divisor, operands.DrawInt(0, 27));
         Check(operator/, model::Divide, a, b);
-        if (!near.IsZero())
+        if (!neighbour.IsZero())
             Check(operator/, model::Divide, b, a);
     }
 }
