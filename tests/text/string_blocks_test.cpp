@@ -62,9 +62,9 @@ TEST(TextBlocks, GrowByteByByte)
     ZelDtString text("");
     std::string expected;
     for (std::size_t i = 0; i < 4 * kMostBytes; ++i) {
-        const char byte = static_cast<char>('a' + i % 26);
-        text += byte;
-        expected += byte;
+        const char letter = static_cast<char>('a' + i % 26);
+        text += letter;
+        expected += letter;
         ASSERT_EQ(BytesOf(text), expected);
     }
 }
