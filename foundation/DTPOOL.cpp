@@ -68,7 +68,8 @@ FreeBlock* TakeBatch(std::size_t index)
     return first;
 }
 
-/// Makes a chunk, files all but the first batch of it and returns that one. Needs the lock.
+/// Makes a chunk, files all but the first batch of it and returns that one; null when memory is
+/// exhausted. Needs the lock.
 FreeBlock* CarveChunk(std::size_t index)
 {
     const std::size_t size = kBlockSizes[index];
@@ -77,7 +78,7 @@ FreeBlock* CarveChunk(std::size_t index)
     if (chunk == nullptr || memory == nullptr) {
         std::free(chunk);
         std::free(memory);
-        throw std::bad_alloc();
+        return nullptr;
     }
     store.chunks = new (chunk) Chunk{store.chunks, memory};
 
@@ -174,9 +175,17 @@ __attribute__((init_priority(101))) const Lifetime lifetime;
 
 [[gnu::noinline]] void* TakeFromStore(std::size_t sizeIndex)
 {
+    void* const block = TakeFromStoreOrNull(sizeIndex);
+    if (block == nullptr)
+        throw std::bad_alloc();
+    return block;
+}
+
+[[gnu::noinline]] void* TakeFromStoreOrNull(std::size_t sizeIndex) noexcept
+{
     ThreadCache* const cache = CacheOfThread();
     if (cache == nullptr)
-        return ::operator new(kBlockSizes[sizeIndex]);
+        return ::operator new(kBlockSizes[sizeIndex], std::nothrow);
     FreeBlock* batch = nullptr;
     {
         const std::lock_guard guard(store.lock);
@@ -184,6 +193,8 @@ __attribute__((init_priority(101))) const Lifetime lifetime;
         if (batch == nullptr)
             batch = CarveChunk(sizeIndex);
     }
+    if (batch == nullptr)
+        return nullptr;
     cache->lists[sizeIndex] = {batch->next, kMaxListLength - Count(batch->next)};
     return batch;
 }

@@ -1,7 +1,8 @@
 #ifndef ZELDT_FOUNDATION_DTPOOL_H
 #define ZELDT_FOUNDATION_DTPOOL_H
 
-/// Small blocks for value objects: the state record and the implementation object of each value.
+/// Small blocks for value objects: the state record and the implementation object of each value,
+/// and short texts.
 ///
 /// Every thread keeps free lists of blocks of two sizes; taking and returning a block touches only
 /// its own list. A block that is freed on another thread joins that thread's list. A list that has
@@ -57,6 +58,7 @@ struct ThreadCache {
 /// The slow ways: the thread has no list yet, its list is empty, or its list is full, which its
 /// room below 0 tells.
 void* TakeFromStore(std::size_t sizeIndex);
+void* TakeFromStoreOrNull(std::size_t sizeIndex) noexcept;
 void ReturnToStore(void* block, std::size_t sizeIndex) noexcept;
 
 constexpr std::size_t SizeIndexOf(std::size_t size)
@@ -86,6 +88,13 @@ inline void* TakeBlock(std::size_t sizeIndex)
 {
     void* const kept = TakeKeptBlock(sizeIndex);
     return kept != nullptr ? kept : TakeFromStore(sizeIndex);
+}
+
+/// The same; null when memory is exhausted.
+inline void* TakeBlockOrNull(std::size_t sizeIndex) noexcept
+{
+    void* const kept = TakeKeptBlock(sizeIndex);
+    return kept != nullptr ? kept : TakeFromStoreOrNull(sizeIndex);
 }
 
 inline void ReturnBlock(void* memory, std::size_t sizeIndex) noexcept

@@ -65,9 +65,74 @@ int LengthOf(std::string_view text) noexcept
 
 void CopyBytes(char* target, std::string_view source) noexcept
 {
-    if (!source.empty())
+    if (source.size() <= zelrt::kShortText)
+        zelrt::CopyUpTo16(source.data(), source.size(), target);
+    else
         std::memcpy(target, source.data(), source.size());
 }
+
+// Blocks for texts of at most `room` bytes: short ones from the pool.
+
+#ifndef ZELDT_NO_POOL
+
+std::size_t PoolIndexOf(int room) noexcept
+{
+    return zeldt::SizeIndexOf(static_cast<std::size_t>(room) + 1);
+}
+
+bool IsPooled(int room) noexcept
+{
+    return PoolIndexOf(room) < zeldt::kBlockSizeCount;
+}
+
+/// Null when memory is exhausted.
+char* TakeBytes(int room) noexcept
+{
+    return static_cast<char*>(IsPooled(room) ? zeldt::TakeBlockOrNull(PoolIndexOf(room))
+                                             : std::malloc(static_cast<std::size_t>(room) + 1));
+}
+
+void FreeBytes(char* block, int room) noexcept
+{
+    if (IsPooled(room))
+        zeldt::ReturnBlock(block, PoolIndexOf(room));
+    else
+        std::free(block);
+}
+
+/// The bytes in a block of another size. Null when memory is exhausted; the old one is then left.
+char* ResizedBytes(char* block, int oldRoom, int room) noexcept
+{
+    if (!IsPooled(oldRoom) && !IsPooled(room))
+        return static_cast<char*>(std::realloc(block, static_cast<std::size_t>(room) + 1));
+    if (PoolIndexOf(oldRoom) == PoolIndexOf(room))
+        return block;
+    char* const resized = TakeBytes(room);
+    if (resized != nullptr) {
+        std::memcpy(resized, block, static_cast<std::size_t>(std::min(oldRoom, room)) + 1);
+        FreeBytes(block, oldRoom);
+    }
+    return resized;
+}
+
+#else
+
+char* TakeBytes(int room) noexcept
+{
+    return static_cast<char*>(std::malloc(static_cast<std::size_t>(room) + 1));
+}
+
+void FreeBytes(char* block, int) noexcept
+{
+    std::free(block);
+}
+
+char* ResizedBytes(char* block, int, int room) noexcept
+{
+    return static_cast<char*>(std::realloc(block, static_cast<std::size_t>(room) + 1));
+}
+
+#endif
 
 /// Copies bytes that may overlap what they are copied to; returns the end of the copy.
 char* CopyForward(const char* from, std::size_t count, char* to) noexcept
@@ -226,8 +291,7 @@ void ZelDtString_Imp::Grow(int allocLength)
 /// Gives the block, or one that there was not, room for `room` bytes; false if there is no memory.
 bool ZelDtString_Imp::ResizeBlock(int room) noexcept
 {
-    char* const owned = OwnsBlock() ? m_pText : nullptr;
-    char* const block = static_cast<char*>(std::realloc(owned, static_cast<std::size_t>(room) + 1));
+    char* const block = OwnsBlock() ? ResizedBytes(m_pText, m_nRoom, room) : TakeBytes(room);
     if (block == nullptr)
         return false;
     m_pText = block;
@@ -256,7 +320,7 @@ bool ZelDtString_Imp::OwnsBlock() const noexcept
 void ZelDtString_Imp::FreeBlock() noexcept
 {
     if (OwnsBlock())
-        std::free(m_pText);
+        FreeBytes(m_pText, m_nRoom);
     m_pText = SharedEmptyText();
     m_nAllocLength = 0;
     m_nRoom = 0;
