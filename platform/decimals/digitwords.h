@@ -74,9 +74,9 @@ inline std::uint32_t FindOthers(__m128i digits)
 }
 
 /// All bits of the first bytes, up to 16.
-inline __m128i FirstBytes(std::int64_t count)
+inline __m128i FirstBytes(int count)
 {
-    constexpr int kBytes = 16;
+    constexpr std::size_t kBytes = 16;
     static constexpr auto kOnesAndZeros = [] {
         std::array<unsigned char, 2 * kBytes> bytes{};
         std::fill_n(bytes.begin(), kBytes, static_cast<unsigned char>(0xFF));
@@ -156,9 +156,10 @@ inline Unsigned WithoutSign(const char* text, std::size_t length)
 [[gnu::always_inline]] inline bool TakeLong(const Unsigned& source, int128& mantissa, int& places)
 {
     constexpr int kBytes = 16;
-    const auto length = static_cast<int>(source.length);
-    if (source.length <= kBytes || source.length > std::size_t{2 * kBytes})
+    constexpr std::size_t kMost = 32;
+    if (source.length <= kBytes || source.length > kMost)
         return false;
+    const auto length = static_cast<int>(source.length);
     // The last sixteen characters, and what is in front of them as if zeros followed.
     const char* const end = source.text + length;
     const int front = length - kBytes;

@@ -78,8 +78,9 @@ constexpr int kMostBits = 63;
 
 constexpr auto kQuotientLengths = [] {
     std::array<QuotientLength, 2 * kMostBits + 1> lengths{};
-    for (int exponent = -kMostBits; exponent <= kMostBits; ++exponent)
-        lengths[static_cast<std::size_t>(exponent + kMostBits)] = MakeQuotientLength(exponent);
+    int exponent = -kMostBits;
+    for (QuotientLength& length : lengths)
+        length = MakeQuotientLength(exponent++);
     return lengths;
 }();
 
@@ -333,11 +334,12 @@ bool DivideLong(const Number& a, const Number& b, Fitted& result)
     const uint128 dividend = Normalised(a.magnitude, zerosOfA);
     const uint128 divisor = Normalised(b.magnitude, zerosOfB);
     const int exponent = zerosOfB - zerosOfA;
-    if (exponent < -kMostBits || exponent > kMostBits)
+    const int index = exponent + kMostBits;
+    if (index < 0 || index > 2 * kMostBits)
         return false;
     // That of the normalised numbers * 2^126, at most 16 too small or too large.
     const uint128 quotient = UpperProduct(dividend, ReciprocalOf(divisor));
-    const QuotientLength& length = kQuotientLengths[static_cast<std::size_t>(exponent + kMostBits)];
+    const QuotientLength& length = kQuotientLengths[static_cast<std::size_t>(index)];
     const int digits = length.digits + (HighHalf(quotient) >= length.next ? 1 : 0);
     const std::int64_t difference = a.places - b.places;
     const std::int64_t scale =

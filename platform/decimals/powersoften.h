@@ -63,10 +63,8 @@ constexpr int CountDigits(uint128 number, int length)
 
 constexpr int CountDigits(uint128 number)
 {
-    if (HighHalf(number) == 0)
-        return CountDigits(LowHalf(number));
-    const std::size_t sure = SureDigits(BitLength(number));
-    return static_cast<int>(sure) + (number >= kPowers[sure].Low() ? 1 : 0);
+    return HighHalf(number) == 0 ? CountDigits(LowHalf(number))
+                                 : CountDigits(number, BitLength(number));
 }
 
 constexpr int CountDigits(const Wide& number)
