@@ -4,6 +4,7 @@
 #include "datetime/IMP/DTDATTXT.h"
 #include "foundation/DTCHECK.h"
 #include "foundation/DTFORMAT.h"
+#include "platform/formats/usualtexts.h"
 #include "platform/runtime/digits.h"
 #include "text/IMP/DTVIEW.h"
 
@@ -53,6 +54,25 @@ ZelFormat::FormatDatumUmfang ScopeOf(const ZelDtDateTime& value)
 {
     return value.GetDtTyp() == ZelDtTypDateZp ? ZelFormat::ZelFoNurDatum
                                               : ZelFormat::ZelFoDatumMitZeit;
+}
+
+/// Reads a moment that has its usual shape and that the calendar has. The fields are new ones.
+bool ReadUsual(const ZelFormat& format, std::string_view text, const ZelDtDateTime& value,
+               DateTimeFields& fields)
+{
+    const auto scope = ScopeOf(value) == ZelFormat::ZelFoNurDatum ? zelformat::DateScope::DateOnly
+                                                                  : zelformat::DateScope::DateTime;
+    zelformat::CalendarDate date{};
+    zelformat::TimeOfDay time{};
+    if (!zelformat::ReadUsualMoment(format, text, scope, date, time) ||
+        !zeldt::HasDay(date.month - 1, date.year, date.day) || time.hour > 23 || time.minute > 59)
+        return false;
+    fields.minute = time.minute;
+    fields.hour = time.hour;
+    fields.day = date.day;
+    fields.month = date.month - 1;
+    fields.year = date.year - zeldt::kBaseYear;
+    return true;
 }
 
 // What a database server writes: "Jan 15 2000 12:30AM"
@@ -236,11 +256,14 @@ void ZelDtDateTime::SetFromOFL(const char* text, const ZelFormat* format)
             Clear();
             return;
         }
-        std::tm record = zeldt::RecordOf(m_pImp->fields);
-        zeldt::ChooseFormat(format, GetFormat(), DefaultFormat())
-            .ParseDateTime(zeldt::TextArgument(text), ScopeOf(*this), &record);
+        const ZelFormat& chosen = zeldt::ChooseFormat(format, GetFormat(), DefaultFormat());
+        const std::string_view typed(text);
         ZelDtDateTime_Imp read;
-        read.fields = zeldt::FieldsOf(record);
+        if (!ReadUsual(chosen, typed, *this, read.fields)) {
+            std::tm record = zeldt::RecordOf(m_pImp->fields);
+            chosen.ParseDateTime(zeldt::TextArgument(text, typed.size()), ScopeOf(*this), &record);
+            read.fields = zeldt::FieldsOf(record);
+        }
         // A year that an archive brought is not set anew.
         if (read.fields.year != m_pImp->fields.year)
             read.CheckYear(zeldt::InsideDateTime(kSetFromOFL.signature));

@@ -12,11 +12,14 @@
 /// | Object | the value class; a friend, its m_pImp has the number or character as `value` |
 /// | Number | the type of `value` |
 /// | kShow, kParse | the operations of ZelFormat for that type |
+/// | ReadUsual() | what platform/formats/usualtexts.h reads at once |
 /// | DefaultFormat() | the default format of the class |
 
 #include "foundation/DTCHECK.h"
 #include "foundation/DTFORMAT.h"
 #include "text/DTSTRING.h"
+
+#include <string_view>
 
 namespace zeldt {
 
@@ -103,8 +106,11 @@ public:
                 a.Clear();
                 return;
             }
+            const ZelFormat& chosen = Chosen(a, format);
+            const std::string_view typed(text);
             Number number = Of(a);
-            (Chosen(a, format).*Rules::kParse)(TextArgument(text), &number);
+            if (!Rules::ReadUsual(chosen, typed, number))
+                (chosen.*Rules::kParse)(TextArgument(text, typed.size()), &number);
             Store(a, number);
         });
     }

@@ -6,6 +6,7 @@
 #include "numeric/DTLONG.h"
 #include "numeric/DTSHORT.h"
 #include "numeric/IMP/DTDOUBLI.h"
+#include "platform/formats/usualtexts.h"
 #include "platform/framework/fwoleauto.h"
 #include "text/DTSTRING.h"
 
@@ -283,9 +284,11 @@ void ZelDtDouble::SetFromOFL(const char* text, const ZelFormat* format)
             Clear();
             return;
         }
+        const ZelFormat& chosen = zeldt::ChooseFormat(format, GetFormat(), DefaultFormat());
+        const std::string_view typed(text);
         double number = m_pImp->value;
-        zeldt::ChooseFormat(format, GetFormat(), DefaultFormat())
-            .ParseDouble(zeldt::TextArgument(text), &number);
+        if (!zelformat::ReadUsualDouble(chosen, typed, number))
+            chosen.ParseDouble(zeldt::TextArgument(text, typed.size()), &number);
         *this = number;
     });
 }

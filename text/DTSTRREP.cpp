@@ -111,6 +111,11 @@ void ZelDtString::SetFromOFL(const char* text, const ZelFormat* format)
             Clear();
             return;
         }
+        // The default format takes every text as it is.
+        if (format == nullptr && GetFormat() == nullptr) {
+            AssignText(kSetFromOFL, text);
+            return;
+        }
         CString read;
         zeldt::ChooseFormat(format, GetFormat(), DefaultFormat())
             .ParseString(zeldt::TextArgument(text), ZelFormat::ZelFoReinerText, &read);

@@ -7,9 +7,11 @@
 #include "foundation/DTFORMAT.h"
 #include "foundation/DTGUARD.h"
 #include "foundation/DTSTATE.h"
+#include "platform/formats/usualtexts.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 class ZelDtLong;
 
@@ -30,6 +32,10 @@ struct LongRules {
     static constexpr std::size_t kTextCut = 11;
     static constexpr auto kShow = &ZelFormat::FormatLong;
     static constexpr auto kParse = &ZelFormat::ParseLong;
+    static bool ReadUsual(const ZelFormat& format, std::string_view text, Number& number) noexcept
+    {
+        return zelformat::ReadUsualInteger(format, text, number);
+    }
     static const ZelFormat& DefaultFormat()
     {
         static const ZelFormat format = WholeNumberFormat(11);

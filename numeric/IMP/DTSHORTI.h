@@ -7,9 +7,11 @@
 #include "foundation/DTFORMAT.h"
 #include "foundation/DTGUARD.h"
 #include "foundation/DTSTATE.h"
+#include "platform/formats/usualtexts.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 class ZelDtShort;
 
@@ -30,6 +32,10 @@ struct ShortRules {
     static constexpr std::size_t kTextCut = 6;
     static constexpr auto kShow = &ZelFormat::FormatShort;
     static constexpr auto kParse = &ZelFormat::ParseShort;
+    static bool ReadUsual(const ZelFormat& format, std::string_view text, Number& number) noexcept
+    {
+        return zelformat::ReadUsualInteger(format, text, number);
+    }
     static const ZelFormat& DefaultFormat()
     {
         static const ZelFormat format = WholeNumberFormat(6);

@@ -4,6 +4,7 @@
 #include "platform/formats/numbertext.h"
 #include "platform/formats/plaintext.h"
 #include "platform/formats/timetext.h"
+#include "platform/formats/usualtexts.h"
 
 #include <limits>
 
@@ -59,13 +60,6 @@ void Deliver(const char* signature, CString& text, Show show)
     TextBuffer shown;
     Check(show(shown), signature);
     SetText(text, shown.View());
-}
-
-const NumberRules* NumberRulesFor(const Rules& rules)
-{
-    if (const auto* mode = std::get_if<ModeRules>(&rules))
-        return &NumberRulesOfMode(*mode);
-    return std::get_if<NumberRules>(&rules);
 }
 
 const TimeRules* TimeRulesFor(const Rules& rules)

@@ -10,6 +10,10 @@
 #include <cstdint>
 #include <ctime>
 
+namespace zelformat {
+struct RulesAccess;
+} // namespace zelformat
+
 /// Shows values to people and reads what they type, by German business conventions.
 ///
 /// A format is a constant description: it has no state beyond what its constructor was given, may
@@ -221,6 +225,8 @@ public:
     FormatZeitArt GetZeitArt() const;
 
 private:
+    friend struct zelformat::RulesAccess;
+
     zelformat::Rules m_rules;
 };
 

@@ -1,6 +1,7 @@
 #include "platform/formats/datetext.h"
 
 #include "platform/formats/numberscan.h"
+#include "platform/formats/usualtexts.h"
 #include "platform/runtime/ansi.h"
 #include "platform/runtime/digits.h"
 #include "platform/runtime/localtime.h"
@@ -11,20 +12,6 @@
 namespace zelformat {
 
 namespace {
-
-constexpr DateRules ModeDateRules(DateParts parts, bool fill)
-{
-    return {.parts = parts,
-            .separator = '.',
-            .twoDigitYear = false,
-            .month = MonthStyle::Number,
-            .twoDigits = {fill, '0'}};
-}
-
-constexpr DateRules kStandardDateTime = ModeDateRules(DateParts::DateTime, true);
-constexpr DateRules kTechnicalDateTime = ModeDateRules(DateParts::DateTime, false);
-constexpr DateRules kStandardDate = ModeDateRules(DateParts::DateTypedTime, true);
-constexpr DateRules kTechnicalDate = ModeDateRules(DateParts::DateTypedTime, false);
 
 constexpr std::string_view kMonthNames[12] = {"Januar",    "Februar", "M\xE4rz",  "April",
                                               "Mai",       "Juni",    "Juli",     "August",
@@ -143,18 +130,6 @@ char* PutTime(const std::tm& value, const DateRules& rules, char* out)
     }
     return out;
 }
-
-struct CalendarDate {
-    int day;
-    int month;
-    int year;
-};
-
-struct TimeOfDay {
-    int hour;
-    int minute;
-    int second;
-};
 
 /// 2000 from 2000 to 2099, by the local calendar.
 int CenturyNow()
@@ -318,14 +293,20 @@ private:
     const DateRules& m_rules;
 };
 
-} // namespace
-
-const DateRules& DateRulesOfMode(const ModeRules& mode, DateScope scope) noexcept
+/// Whether the text has the right shape. Whether the calendar has what it says is not looked at.
+bool ReadFields(std::string_view text, const DateRules& rules, DateScope scope, CalendarDate& date,
+                TimeOfDay& time)
 {
-    if (scope == DateScope::DateOnly)
-        return mode.technical ? kTechnicalDate : kStandardDate;
-    return mode.technical ? kTechnicalDateTime : kStandardDateTime;
+    DateReader reader(TrimBlanks(text), rules);
+    if (HasDate(rules.parts) && !reader.Date(scope == DateScope::DateOnly, date))
+        return false;
+    const bool typedTime = !HasDate(rules.parts) || (ReadsTime(rules.parts) && reader.Blanks());
+    if (typedTime && !reader.Time(TakesSeconds(rules.parts), time))
+        return false;
+    return reader.AtEnd();
 }
+
+} // namespace
 
 Status ShowDate(const std::tm& value, const DateRules& rules, TextBuffer& text)
 {
@@ -353,15 +334,9 @@ Status ShowDate(const std::tm& value, const DateRules& rules, TextBuffer& text)
 
 Status ReadDate(std::string_view text, const DateRules& rules, DateScope scope, std::tm* value)
 {
-    DateReader reader(TrimBlanks(text), rules);
     CalendarDate date{};
     TimeOfDay time{};
-    if (HasDate(rules.parts) && !reader.Date(scope == DateScope::DateOnly, date))
-        return Status::Mismatch;
-    const bool typedTime = !HasDate(rules.parts) || (ReadsTime(rules.parts) && reader.Blanks());
-    if (typedTime && !reader.Time(TakesSeconds(rules.parts), time))
-        return Status::Mismatch;
-    if (!reader.AtEnd())
+    if (!ReadPlainMoment(text, rules, date, time) && !ReadFields(text, rules, scope, date, time))
         return Status::Mismatch;
     if (HasDate(rules.parts) && !IsDateOfCalendar(date.year, date.month, date.day))
         return Status::OutOfRange;

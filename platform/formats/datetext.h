@@ -15,7 +15,26 @@ namespace zelformat {
 /// What a value is to the modes, which show every type in its own way.
 enum class DateScope : unsigned char { DateTime, DateOnly };
 
-const DateRules& DateRulesOfMode(const ModeRules& mode, DateScope scope) noexcept;
+constexpr DateRules ModeDateRules(DateParts parts, bool fill) noexcept
+{
+    return {.parts = parts,
+            .separator = '.',
+            .twoDigitYear = false,
+            .month = MonthStyle::Number,
+            .twoDigits = {fill, '0'}};
+}
+
+inline constexpr DateRules kStandardDateTime = ModeDateRules(DateParts::DateTime, true);
+inline constexpr DateRules kTechnicalDateTime = ModeDateRules(DateParts::DateTime, false);
+inline constexpr DateRules kStandardDate = ModeDateRules(DateParts::DateTypedTime, true);
+inline constexpr DateRules kTechnicalDate = ModeDateRules(DateParts::DateTypedTime, false);
+
+inline const DateRules& DateRulesOfMode(const ModeRules& mode, DateScope scope) noexcept
+{
+    if (scope == DateScope::DateOnly)
+        return mode.technical ? kTechnicalDate : kStandardDate;
+    return mode.technical ? kTechnicalDateTime : kStandardDateTime;
+}
 
 /// Latest calendar year that is shown and read; the earliest is 0.
 inline constexpr int kLatestYear = 32767;

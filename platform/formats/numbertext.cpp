@@ -1,6 +1,7 @@
 #include "platform/formats/numbertext.h"
 
 #include "platform/formats/numberscan.h"
+#include "platform/formats/usualtexts.h"
 #include "platform/runtime/digits.h"
 #include "platform/runtime/exactpowers.h"
 
@@ -15,28 +16,10 @@ namespace zelformat {
 
 namespace {
 
-constexpr NumberRules ModeNumberRules(char decimalPoint, char readGroup)
-{
-    return {.places = 0,
-            .decimals = NumberRules::kAllDecimals,
-            .decimalPoint = decimalPoint,
-            .group = '\0',
-            .readGroup = readGroup,
-            .sign = {SignPlace::Front, false},
-            .left = {false, ' '},
-            .right = {false, ' '},
-            .plain = true};
-}
-
-constexpr NumberRules kStandard = ModeNumberRules(',', '.');
-constexpr NumberRules kTechnical = ModeNumberRules('.', '\0');
-
 /// Doubles from here on are shown with an exponent by the modes, and those below the other limit.
 constexpr double kExponentFrom = 1E15;
 constexpr double kExponentBelow = 1E-5;
 
-/// Up to here a double holds every whole number.
-constexpr std::uint64_t kExactLimit = std::uint64_t{1} << 53;
 /// Numbers of so many digits all have doubles of their own.
 constexpr double kSurelyDistinct = 1E15;
 
@@ -272,25 +255,6 @@ private:
     bool m_negative;
 };
 
-/// Optional sign and digits, nothing else: what is typed most. Anything else is left to the
-/// general reading; false then. `value` saturates above every 32-bit number.
-bool ReadPlainInteger(std::string_view text, std::int64_t& value)
-{
-    const bool negative = !text.empty() && text[0] == '-';
-    const std::string_view digits = text.substr(negative ? 1 : 0);
-    if (digits.empty() || digits.size() > 10)
-        return false;
-    std::int64_t magnitude = 0;
-    for (const char c : digits) {
-        const unsigned digit = static_cast<unsigned char>(c) - unsigned{'0'};
-        if (digit > 9)
-            return false;
-        magnitude = magnitude * 10 + digit;
-    }
-    value = negative ? -magnitude : magnitude;
-    return true;
-}
-
 /// Reads every text that is an integer. OutOfRange for more than ten digits.
 Status ReadGeneralInteger(std::string_view text, const NumberRules& rules, std::int64_t& value)
 {
@@ -309,21 +273,6 @@ Status ReadGeneralInteger(std::string_view text, const NumberRules& rules, std::
     return Status::Ok;
 }
 
-/// digits * 10^exponent, if that takes no more than one rounded operation.
-bool ToDoubleAtOnce(std::string_view digits, std::int64_t exponent, double& magnitude)
-{
-    const auto distance = static_cast<std::uint64_t>(std::abs(exponent));
-    if (digits.size() > kDigits64 || distance >= zelrt::kExactPowersOfTen.size())
-        return false;
-    const std::uint64_t whole = ValueOf(digits);
-    if (whole > kExactLimit)
-        return false;
-    const auto number = static_cast<double>(whole);
-    magnitude = exponent < 0 ? number / zelrt::kExactPowersOfTen[distance]
-                             : number * zelrt::kExactPowersOfTen[distance];
-    return true;
-}
-
 /// The number as a double; OutOfRange where a double has none near it.
 Status ToDouble(const ScannedNumber& number, double& value)
 {
@@ -332,7 +281,9 @@ Status ToDouble(const ScannedNumber& number, double& value)
     const auto decimals = static_cast<std::int64_t>(number.fraction.size());
     const std::int64_t exponent = number.exponent - decimals;
     double magnitude = 0;
-    if (!ToDoubleAtOnce(digits, exponent, magnitude) && !AllZeros(digits)) {
+    const bool atOnce =
+        digits.size() <= kDigits64 && ToDoubleAtOnce(ValueOf(digits), exponent, magnitude);
+    if (!atOnce && !AllZeros(digits)) {
         constexpr std::size_t exponentRoom = 21;
         TextBuffer plain;
         char* const first = plain.Make(digits.size() + 1 + exponentRoom);
@@ -358,11 +309,6 @@ std::string_view WithoutExcessZeros(std::string_view fraction, std::size_t integ
 }
 
 } // namespace
-
-const NumberRules& NumberRulesOfMode(const ModeRules& mode) noexcept
-{
-    return mode.technical ? kTechnical : kStandard;
-}
 
 Status ShowInteger(std::int32_t value, const NumberRules& rules, TextBuffer& text)
 {
@@ -446,9 +392,12 @@ Status ReadInteger(std::string_view text, const NumberRules& rules, IntegerRange
 
 Status ReadDouble(std::string_view text, const NumberRules& rules, Exponent exponent, double& value)
 {
+    PlainNumber plain{};
+    if (ReadPlain(text, rules, plain) && ToDouble(plain, value))
+        return Status::Ok;
+    double read = 0;
     ScannedNumber number;
     Status status = ScanNumber(text, rules, exponent, number);
-    double read = 0;
     if (status == Status::Ok)
         status = ToDouble(number, read);
     if (status != Status::Ok)
@@ -467,6 +416,14 @@ Status ReadDouble(std::string_view text, const NumberRules& rules, Exponent expo
 
 Status ReadNumberText(std::string_view text, const NumberRules& rules, TextBuffer& number)
 {
+    PlainNumber plain{};
+    if (ReadPlain(text, rules, plain) && !(plain.negative && plain.digits == 0)) {
+        char* const out = number.Make(text.size());
+        Put(text, out);
+        if (plain.decimals != 0)
+            out[text.size() - plain.decimals - 1] = '.';
+        return Status::Ok;
+    }
     ScannedNumber read;
     const Status status = ScanNumber(text, rules, Exponent::Refused, read);
     if (status != Status::Ok)

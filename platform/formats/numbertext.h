@@ -31,8 +31,27 @@ inline std::string_view TrimBlanks(std::string_view text) noexcept
     return text;
 }
 
+constexpr NumberRules ModeNumberRules(char decimalPoint, char readGroup) noexcept
+{
+    return {.places = 0,
+            .decimals = NumberRules::kAllDecimals,
+            .decimalPoint = decimalPoint,
+            .group = '\0',
+            .readGroup = readGroup,
+            .sign = {SignPlace::Front, false},
+            .left = {false, ' '},
+            .right = {false, ' '},
+            .plain = true};
+}
+
+inline constexpr NumberRules kStandardNumbers = ModeNumberRules(',', '.');
+inline constexpr NumberRules kTechnicalNumbers = ModeNumberRules('.', '\0');
+
 /// Rules of the standard mode (German) or of the technical mode for numbers of every type.
-const NumberRules& NumberRulesOfMode(const ModeRules& mode) noexcept;
+inline const NumberRules& NumberRulesOfMode(const ModeRules& mode) noexcept
+{
+    return mode.technical ? kTechnicalNumbers : kStandardNumbers;
+}
 
 /// Where a format and a number go apart:
 /// - a negative number without sign, or a text of more characters than the places: NotAllowed;

@@ -56,6 +56,37 @@ inline __m128i LoadUpTo16(const char* text, std::size_t size) noexcept
                           static_cast<long long>(LoadWord<std::uint64_t>(text)));
 }
 
+/// Reads 1 to 8 digits, whatever stands in front of them and behind; false for any other text.
+inline bool ReadUpTo8Digits(const char* text, std::size_t size, std::uint64_t& number) noexcept
+{
+    if (size == 0)
+        return false;
+    // Each byte becomes its digit; what is missing in front is 0.
+    constexpr std::uint64_t zeros = 0x3030303030303030;
+    const std::uint64_t digits = (LoadUpTo8(text, size) ^ zeros) << (64 - 8 * size);
+    // A byte above 9 gets its high bit, or has it.
+    if (((digits | (digits + 0x7676767676767676)) & 0x8080808080808080) != 0)
+        return false;
+    const std::uint64_t twos = (digits * 10 + (digits >> 8)) & 0x00FF00FF00FF00FF;
+    const std::uint64_t fours = (twos * 100 + (twos >> 16)) & 0x0000FFFF0000FFFF;
+    number = (fours * 10000 + (fours >> 32)) & 0xFFFFFFFF;
+    return true;
+}
+
+/// The same for 1 to 16 digits.
+inline bool ReadUpTo16Digits(const char* text, std::size_t size, std::uint64_t& number) noexcept
+{
+    constexpr std::size_t half = 8;
+    if (size <= half)
+        return ReadUpTo8Digits(text, size, number);
+    std::uint64_t front = 0;
+    if (!ReadUpTo8Digits(text, size - half, front) ||
+        !ReadUpTo8Digits(text + size - half, half, number))
+        return false;
+    number += front * 100'000'000;
+    return true;
+}
+
 /// Texts of so many bytes fit into a register.
 inline constexpr std::size_t kShortText = 16;
 

@@ -5,7 +5,7 @@
 
 #include "foundation/DTPLAIN.h"
 #include "foundation/DTSTATE.h"
-#include "platform/formats/ZelFormat.h"
+#include "platform/formats/usualtexts.h"
 
 #include <cstdint>
 #include <string_view>
@@ -31,6 +31,10 @@ struct BoolRules {
 
     static constexpr auto kShow = &ZelFormat::FormatBool;
     static constexpr auto kParse = &ZelFormat::ParseBool;
+    static bool ReadUsual(const ZelFormat& format, std::string_view text, Number& number) noexcept
+    {
+        return zelformat::ReadUsualBool(format, text, number);
+    }
     static const ZelFormat& DefaultFormat()
     {
         static const ZelFormat format(ZelFormat::ZelFoStandard);

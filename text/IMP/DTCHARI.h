@@ -5,7 +5,9 @@
 
 #include "foundation/DTPLAIN.h"
 #include "foundation/DTSTATE.h"
-#include "platform/formats/ZelFormat.h"
+#include "platform/formats/usualtexts.h"
+
+#include <string_view>
 
 class ZelDtChar;
 
@@ -24,6 +26,10 @@ struct CharRules {
 
     static constexpr auto kShow = &ZelFormat::FormatChar;
     static constexpr auto kParse = &ZelFormat::ParseChar;
+    static bool ReadUsual(const ZelFormat& format, std::string_view text, Number& number) noexcept
+    {
+        return zelformat::ReadUsualChar(format, text, number);
+    }
     static const ZelFormat& DefaultFormat()
     {
         static const ZelFormat format(ZelFormat::ZelFoStandard);

@@ -70,3 +70,43 @@ TEST(ShortText, IsCopiedOverItself)
         }
     }
 }
+
+TEST(ShortText, DigitsAreRead)
+{
+    const auto read = [](const std::string& digits) {
+        const ExactText text(digits.size());
+        digits.copy(text.Bytes(), digits.size());
+        std::uint64_t number = 0;
+        EXPECT_TRUE(zelrt::ReadUpTo16Digits(text.Bytes(), digits.size(), number)) << digits;
+        return number;
+    };
+    EXPECT_EQ(read("0"), 0U);
+    EXPECT_EQ(read("9876543210987654"), 9876543210987654U);
+    EXPECT_EQ(read("9999999999999999"), 9999999999999999U);
+    EXPECT_EQ(read("000000001"), 1U);
+    std::uint64_t state = 1;
+    for (int i = 0; i < 20000; ++i) {
+        state = state * 6364136223846793005U + 1442695040888963407U;
+        const std::size_t size = (state >> 60) + 1;
+        std::string digits = std::to_string(state);
+        digits.resize(size, '7');
+        ASSERT_EQ(read(digits), std::stoull(digits));
+    }
+}
+
+TEST(ShortText, OtherBytesAreNoDigits)
+{
+    for (std::size_t size = 1; size <= 16; ++size) {
+        for (std::size_t at = 0; at < size; ++at) {
+            for (int code = 0; code < 256; ++code) {
+                const ExactText text(size);
+                std::string(size, '9').copy(text.Bytes(), size);
+                text.Bytes()[at] = static_cast<char>(code);
+                std::uint64_t number = 0;
+                ASSERT_EQ(zelrt::ReadUpTo16Digits(text.Bytes(), size, number),
+                          code >= '0' && code <= '9')
+                    << code << " at " << at << " of " << size;
+            }
+        }
+    }
+}
