@@ -1,6 +1,7 @@
 #include "datetime/DTDATIME.h"
 
 #include "datetime/IMP/DTDATIMI.h"
+#include "datetime/IMP/DTDATSQL.h"
 #include "datetime/IMP/DTDATTXT.h"
 #include "foundation/DTCHECK.h"
 #include "foundation/DTFORMAT.h"
@@ -197,10 +198,11 @@ char* Ended(const Operation& operation, char* end)
 ZelDtString ZelDtDateTime::ConvToSQL(SQL_Language language) const
 {
     return Guarded(kConvToSQL, [&] {
-        if (!IsDefined())
-            return ZelDtString("NULL");
-        char text[zeldt::kDateTextRoom];
-        const std::size_t length = Access::WriteText(*this, language, text);
+        char text[zeldt::kSqlRoom];
+        const bool usual = language == SQL_Deutsch || !IsDefined();
+        std::size_t length = usual ? zeldt::WriteSql(*this, text) : 0;
+        if (length == 0)
+            length = Access::WriteText(*this, language, text);
         return ZelDtString(text, static_cast<int>(length));
     });
 }

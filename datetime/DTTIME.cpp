@@ -1,5 +1,6 @@
 #include "datetime/DTTIME.h"
 
+#include "datetime/IMP/DTDATSQL.h"
 #include "datetime/IMP/DTTIMI.h"
 #include "numeric/DTLONG.h"
 #include "numeric/IMP/DTINTREP.h"
@@ -394,8 +395,7 @@ void ZelDtTime::Round(RoundMode step)
 
 ZelDtString ZelDtTime::ConvToSQL() const
 {
-    return Guarded(kConvToSQL,
-                   [&] { return IsDefined() ? ZelDtString(m_pImp->value) : ZelDtString("NULL"); });
+    return Guarded(kConvToSQL, [&] { return zeldt::SqlText(*this, zelrt::kMostSignedDigits32); });
 }
 
 void ZelDtTime::SetFromSQL(long units)

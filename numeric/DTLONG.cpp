@@ -3,6 +3,7 @@
 #include "numeric/DTSHORT.h"
 #include "numeric/IMP/DTINTREP.h"
 #include "numeric/IMP/DTLONGI.h"
+#include "numeric/IMP/DTNUMSQL.h"
 
 IMPLEMENT_SERIAL(ZelDtLong, ZelDtBasis, 1)
 

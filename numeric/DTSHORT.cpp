@@ -2,6 +2,7 @@
 
 #include "numeric/DTLONG.h"
 #include "numeric/IMP/DTINTREP.h"
+#include "numeric/IMP/DTNUMSQL.h"
 #include "numeric/IMP/DTSHORTI.h"
 
 IMPLEMENT_SERIAL(ZelDtShort, ZelDtBasis, 1)

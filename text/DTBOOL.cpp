@@ -2,6 +2,7 @@
 
 #include "text/IMP/DTBOOLI.h"
 #include "text/IMP/DTTEXT.h"
+#include "text/IMP/DTTXTSQL.h"
 
 IMPLEMENT_SERIAL(ZelDtBool, ZelDtBasis, 1)
 
@@ -156,11 +157,7 @@ ZelDtBool::operator int() const
 
 ZelDtString ZelDtBool::ConvToSQL() const
 {
-    return Guarded(kConvToSQL, [&] {
-        if (!IsDefined())
-            return ZelDtString("NULL");
-        return ZelDtString(m_pImp->value != 0 ? "\"1\"" : "\"0\"");
-    });
+    return Guarded(kConvToSQL, [&] { return zeldt::SqlText(*this); });
 }
 
 void ZelDtBool::SetFromSQL(char digit)

@@ -4,6 +4,7 @@
 #include "text/IMP/DTCHARI.h"
 #include "text/IMP/DTCODEPG.h"
 #include "text/IMP/DTTEXT.h"
+#include "text/IMP/DTTXTSQL.h"
 
 IMPLEMENT_SERIAL(ZelDtChar, ZelDtBasis, 1)
 
@@ -169,7 +170,12 @@ void ZelDtChar::ToLower()
 
 ZelDtString ZelDtChar::ConvToSQL(unsigned int codePage) const
 {
-    return Guarded(kConvToSQL, [&] { return ZelDtString(*this).ConvToSQL(codePage); });
+    return Guarded(kConvToSQL, [&] {
+        ZelDtString literal = zeldt::SqlText(*this);
+        if (const auto directions = zeldt::DirectionsFor(codePage))
+            literal.ConvertCodePage(directions->toOem);
+        return literal;
+    });
 }
 
 void ZelDtChar::SetFromSQL(char character, unsigned int codePage)

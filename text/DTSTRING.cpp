@@ -8,12 +8,10 @@
 #include "numeric/DTLONG.h"
 #include "numeric/DTSHORT.h"
 #include "numeric/IMP/DTDECIMI.h"
-#include "platform/runtime/doubletext.h"
+#include "numeric/IMP/DTNUMSQL.h"
 #include "text/DTBOOL.h"
 #include "text/DTCHAR.h"
 #include "text/IMP/DTTEXT.h"
-
-#include <cmath>
 
 IMPLEMENT_SERIAL(ZelDtString, ZelDtBasis, 1)
 
@@ -94,11 +92,10 @@ ZelDtString_Imp* NewDoubleText(const ZelDtDouble& source)
 {
     if (!source.IsDefined())
         return new ZelDtString_Imp;
-    const double number = source;
-    if (!std::isfinite(number))
+    char text[zeldt::kSqlRoom];
+    const std::size_t length = zeldt::WriteSql(source, text);
+    if (length == 0)
         zeldt::Raise(kFromDouble, ErrorNo::OutOfRange);
-    char text[zelrt::kDoubleTextRoom];
-    const auto length = static_cast<std::size_t>(zelrt::WriteDouble(number, text) - text);
     return new ZelDtString_Imp({text, length}, static_cast<int>(length), kDoubleAllocLength);
 }
 

@@ -1,6 +1,7 @@
 #include "text/DTSTRING.h"
 
 #include "foundation/DTFORMAT.h"
+#include "foundation/DTSQL.h"
 #include "text/IMP/DTARCTXT.h"
 #include "text/IMP/DTCODEPG.h"
 #include "text/IMP/DTQUOTE.h"
@@ -13,6 +14,7 @@ namespace {
 using zeldt::DirectionsFor;
 using zeldt::ErrorNo;
 using zeldt::Guarded;
+using zeldt::kSqlNull;
 using zeldt::Operation;
 using zeldt::Raise;
 using zeldt::ViewOf;
@@ -34,8 +36,6 @@ constexpr Operation kConvToRecordSet = Op("ConvToRecordSet(CRecordset&,CString&)
 constexpr Operation kSerialize = Op("Serialize(CArchive&)");
 
 constexpr unsigned short kExternVersion = 100;
-
-constexpr std::string_view kSqlNull = "NULL";
 
 const ZelFormat& DefaultFormat()
 {

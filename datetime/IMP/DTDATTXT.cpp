@@ -3,102 +3,20 @@
 #include "datetime/DTDATIME.h"
 #include "platform/runtime/digits.h"
 
-#include <charconv>
-#include <cstring>
-
 namespace {
 
+using zeldt::CanShowMinutes;
 using zeldt::DateTimeFields;
 using zeldt::ExternNumbers;
+using zeldt::HasTwoDigits;
+using zeldt::MonthOf;
+using zeldt::YearOf;
 
-constexpr bool HasTwoDigits(std::int64_t number)
-{
-    return number >= 0 && number <= 99;
-}
-
-constexpr bool HasFourDigits(std::int64_t number)
-{
-    return number >= 0 && number <= 9999;
-}
-
-std::int64_t YearOf(const DateTimeFields& fields)
-{
-    return std::int64_t{fields.year} + zeldt::kBaseYear;
-}
-
-std::int64_t MonthOf(const DateTimeFields& fields)
-{
-    return std::int64_t{fields.month} + 1;
-}
-
-/// Writes pieces one behind the other; the numbers are in range.
-class Writer {
-public:
-    explicit Writer(char* out) : m_end(out) {}
-
-    Writer& Character(char c)
-    {
-        *m_end++ = c;
-        return *this;
-    }
-
-    Writer& Two(std::int64_t number)
-    {
-        m_end = zelrt::WriteTwoDigits(static_cast<std::size_t>(number), m_end);
-        return *this;
-    }
-
-    Writer& Four(std::int64_t number) { return Two(number / 100).Two(number % 100); }
-
-    /// Digits alone, blanks in front up to `width` places.
-    Writer& Plain(std::int64_t number, int width = 0)
-    {
-        char digits[20];
-        const char* const end = std::to_chars(digits, digits + sizeof digits, number).ptr;
-        for (auto length = end - digits; length < width; ++length)
-            Character(' ');
-        std::memcpy(m_end, digits, static_cast<std::size_t>(end - digits));
-        m_end += end - digits;
-        return *this;
-    }
-
-    char* End() const { return m_end; }
-
-private:
-    char* m_end;
-};
-
-bool CanShowDayAndMonth(const DateTimeFields& fields)
-{
-    return HasTwoDigits(fields.day) && HasTwoDigits(MonthOf(fields));
-}
-
-bool CanShowMinutes(const DateTimeFields& fields)
-{
-    return HasTwoDigits(fields.hour) && HasTwoDigits(fields.minute);
-}
+using Writer = zeldt::DateWriter;
 
 bool CanShowTime(const DateTimeFields& fields)
 {
     return CanShowMinutes(fields) && HasTwoDigits(fields.second);
-}
-
-/// Day and month, or month and day, with the year to the minute, in double quotes.
-char* WriteQuoted(const DateTimeFields& fields, std::int64_t first, std::int64_t second, char* out)
-{
-    return Writer(out)
-        .Character('"')
-        .Two(first)
-        .Character('.')
-        .Two(second)
-        .Character('.')
-        .Plain(YearOf(fields))
-        .Character(' ')
-        .Two(fields.hour)
-        .Character(':')
-        .Two(fields.minute)
-        .Character('"')
-        .End();
 }
 
 char* WriteDate(const DateTimeFields& fields, char* out)
@@ -164,11 +82,9 @@ char* zeldt::WriteSqlText(const DateTimeFields& fields, int code, char* out) noe
     switch (code) {
     case SQL_Deutsch:
     case SQL_Englisch: {
-        if (year < 0 || !CanShowMinutes(fields))
-            return nullptr;
         const bool dayFirst = code == SQL_Deutsch;
-        return WriteQuoted(fields, dayFirst ? fields.day : MonthOf(fields),
-                           dayFirst ? MonthOf(fields) : fields.day, out);
+        return WriteQuotedMoment(fields, dayFirst ? fields.day : MonthOf(fields),
+                                 dayFirst ? MonthOf(fields) : fields.day, out);
     }
     case SQL_Ziffern:
         if (year < 0)

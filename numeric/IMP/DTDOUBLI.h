@@ -6,7 +6,11 @@
 
 #include "foundation/DTSTATE.h"
 #include "numeric/DTDOUBLE.h"
+#include "platform/runtime/digits.h"
+#include "platform/runtime/exactpowers.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 class ZelDtDouble_Imp final : public zeldt::PartOfCell<ZelDtDouble_Imp> {
@@ -33,6 +37,38 @@ struct DoubleText {
     const char* end; ///< first byte that was not read; the text's begin without a number
     DoubleStatus status;
 };
+
+/// Reads a number of few digits, with or without a point, that is the quotient of a whole number
+/// and a power of ten that a double holds both: dividing rounds once, so that it gives the nearest
+/// double. False for any other text.
+inline bool ReadShort(std::string_view number, double& magnitude, const char*& end) noexcept
+{
+    constexpr std::uint64_t exactLimit = std::uint64_t{1} << 53;
+    constexpr std::ptrdiff_t mostDigits = 19; // which 64 bits hold
+    const char* p = number.data();
+    const char* const last = p + number.size();
+    std::uint64_t whole = 0;
+    const auto readDigits = [&p, &whole, last] {
+        const char* const first = p;
+        for (; p != last && zelrt::IsDigit(*p); ++p)
+            whole = whole * 10 + static_cast<unsigned>(*p - '0');
+        return p - first;
+    };
+    const std::ptrdiff_t integers = readDigits();
+    std::ptrdiff_t decimals = 0;
+    if (p != last && *p == '.') {
+        ++p;
+        decimals = readDigits();
+    }
+    const std::ptrdiff_t digits = integers + decimals;
+    const bool hasExponent = p != last && (*p == 'e' || *p == 'E');
+    if (digits == 0 || digits > mostDigits || whole > exactLimit || hasExponent)
+        return false;
+    magnitude =
+        static_cast<double>(whole) / zelrt::kExactPowersOfTen[static_cast<std::size_t>(decimals)];
+    end = p;
+    return true;
+}
 
 /// Reads white space, one optional sign, decimal digits with or without a point, and an exponent
 /// if it is complete. Knows no hexadecimal numbers and no words.

@@ -7,7 +7,9 @@
 /// `Rules` names what differs between the classes; LongRules in DTLONGI.h says what each entry is.
 
 #include "foundation/DTPLAIN.h"
+#include "foundation/DTSQL.h"
 #include "numeric/IMP/DTINTARI.h"
+#include "platform/runtime/digits.h"
 #include "text/IMP/DTVIEW.h"
 
 namespace zeldt {
@@ -76,8 +78,7 @@ public:
 
     static ZelDtString ToSQL(const Operation& operation, const Object& a)
     {
-        return Guarded(operation,
-                       [&] { return a.IsDefined() ? ZelDtString(Of(a)) : ZelDtString("NULL"); });
+        return Guarded(operation, [&] { return SqlText(a, zelrt::kMostSignedDigits32); });
     }
 
     static void SetFromExtern(const Operation& operation, Object& a, const ZelDtString* text,
