@@ -21,23 +21,21 @@ enum class TextForm { Sql, Extern, Display, Plain };
 const ZelFormat* FormatOf(TextForm form);
 
 /// What a type must know beyond the common interface of the value classes. Functions that may be
-/// null are for defined values, and so is the text in SQL.
+/// null are for defined values.
 struct ColumnType {
     static constexpr int kNoParameter = -1;
+    static constexpr std::size_t kSqlRoom = 64;
 
     const char* name;
     bool numeric; ///< shown at the right edge of its column, and may have plain texts
     bool isText;  ///< may have any characters in SQL; the others have ASCII there
     std::unique_ptr<ZelDtBasis> (*create)(ZelDtWorkingMode mode);
-    /// Appends the text of ConvToSQL in code page 1252. Returns whether it surely reads back;
-    /// otherwise readsBack tells.
-    bool (*appendSql)(const ZelDtBasis& value, std::string& sql);
+    /// Writes the text of ConvToSQL, in code page 1252, into `room` bytes, at least kSqlRoom, and
+    /// returns its length. A text that is not shorter than `room` is not written.
+    std::size_t (*writeSql)(const ZelDtBasis& value, char* out, std::size_t room);
     /// Whether `a` comes before `b`; both are defined.
     bool (*less)(const ZelDtBasis& a, const ZelDtBasis& b);
 
-    /// Reads a displayed or plain text as programs write it, which is most of them, to the value
-    /// that the class reads; false for any other, which is left to the class. Null: it reads all.
-    bool (*readUsual)(ZelDtBasis& value, std::string_view text, TextForm form) = nullptr;
     /// Largest parameter in parentheses, which may be left out; kNoParameter: takes none.
     int mostParameter = kNoParameter;
     /// Makes a value that was read what the parameter of its column asks for. Null: nothing to do.

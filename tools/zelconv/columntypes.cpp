@@ -1,6 +1,9 @@
+#include "datetime/IMP/DTDATSQL.h"
+#include "numeric/IMP/DTDECSQL.h"
+#include "numeric/IMP/DTNUMSQL.h"
+#include "text/IMP/DTTXTSQL.h"
 #include "tools/zelconv/column.h"
 #include "tools/zelconv/textview.h"
-#include "tools/zelconv/usualtexts.h"
 
 #include <algorithm>
 #include <array>
@@ -22,11 +25,21 @@ std::unique_ptr<ZelDtBasis> Create(ZelDtWorkingMode mode)
     return std::make_unique<Value>(mode);
 }
 
+static_assert(ColumnType::kSqlRoom >= zeldt::kSqlRoom &&
+              ColumnType::kSqlRoom >= zeldt::kDecimalSqlRoom);
+
 template <typename Value>
-bool AppendSql(const ZelDtBasis& value, std::string& sql)
+std::size_t WriteSql(const ZelDtBasis& value, char* out, std::size_t room)
 {
-    sql += ViewOf(static_cast<const Value&>(value).ConvToSQL());
-    return false;
+    const auto& typed = static_cast<const Value&>(value);
+    if constexpr (std::is_same_v<Value, ZelDtString> || std::is_same_v<Value, ZelDtDecimal>) {
+        return zeldt::WriteSql(typed, out, room);
+    } else {
+        const std::size_t length = zeldt::WriteSql(typed, out);
+        if (length == 0)
+            typed.ConvToSQL(); // throws
+        return length;
+    }
 }
 
 template <typename Value>
@@ -44,7 +57,7 @@ constexpr ColumnType TypeOf(const char* name, bool numeric, decltype(ColumnType:
     type.numeric = numeric;
     type.isText = std::is_same_v<Value, ZelDtChar> || std::is_same_v<Value, ZelDtString>;
     type.create = &Create<Value>;
-    type.appendSql = &AppendSql<Value>;
+    type.writeSql = &WriteSql<Value>;
     type.less = less;
     return type;
 }
@@ -53,15 +66,6 @@ template <typename Value>
 constexpr ColumnType TypeOf(const char* name, bool numeric)
 {
     return TypeOf<Value>(name, numeric, &Less<Value>);
-}
-
-/// A type with short cuts for usual texts.
-constexpr ColumnType WithUsual(ColumnType type, decltype(ColumnType::readUsual) read,
-                               decltype(ColumnType::appendSql) appendSql)
-{
-    type.readUsual = read;
-    type.appendSql = appendSql;
-    return type;
 }
 
 /// Reads a text and compares. In SQL the display form stands in quotes.
@@ -106,21 +110,22 @@ Finding FitToPlaces(ZelDtBasis& value, int places)
     const int missing = places - number.GetPrecision();
     if (missing <= 0)
         return {};
-    std::string text;
-    AppendSqlDecimal(number, text);
+    std::array<char, ColumnType::kSqlRoom> plain{};
+    std::string text(plain.data(), WriteSql<ZelDtDecimal>(number, plain.data(), plain.size()));
     if (number.GetPrecision() == 0)
         text += '.';
     text.append(static_cast<std::size_t>(missing), '0');
     if (CountDigits(text) > kMostDigits)
         return RowError::TooManyDigits;
-    if (!ReadUsualDecimal(number, text, TextForm::Plain))
-        number.SetFromOFL(text.c_str(), FormatOf(TextForm::Plain));
+    number.SetFromOFL(text.c_str(), FormatOf(TextForm::Plain));
     return {};
 }
 
 /// A decimal rounds what it has no room for.
 Finding CheckDecimals(const ZelDtBasis& value, TextForm form, std::string_view text)
 {
+    if (text.size() <= kMostDigits)
+        return {};
     const std::size_t point = text.find(form == TextForm::Plain ? '.' : ',');
     const auto typed = point == text.npos ? 0 : CountDigits(text.substr(point));
     if (static_cast<const ZelDtDecimal&>(value).GetPrecision() != typed)
@@ -134,7 +139,7 @@ constexpr ColumnType DecimalType()
     type.mostParameter = kMostPlaces;
     type.fit = &FitToPlaces;
     type.checkTyped = &CheckDecimals;
-    return WithUsual(type, &ReadUsualDecimal, &AppendSqlDecimal);
+    return type;
 }
 
 // Double
@@ -152,11 +157,22 @@ bool LessDouble(const ZelDtBasis& a, const ZelDtBasis& b)
     return std::isnan(left) || std::isnan(right) ? !std::isnan(left) : left < right;
 }
 
+/// Whether the text is one of few digits, as most are, for that very number.
+bool ReadsBackAtOnce(std::string_view text, double number)
+{
+    const std::string_view unsignedText = text.substr(text.starts_with('-') ? 1 : 0);
+    const char* end = nullptr;
+    double magnitude = 0;
+    return zeldt::ReadShort(unsignedText, magnitude, end) && end == text.data() + text.size() &&
+           (text.starts_with('-') ? -magnitude : magnitude) == number;
+}
+
 /// SQL texts have 15 digits, extern texts 16; some numbers need 17. Near the largest number the
 /// text may even be none. Shown are all digits, and extern form reads what SQL has.
 bool DoubleReadsBack(const ZelDtBasis& value, TextForm form, std::string_view text)
 {
     return form == TextForm::Display || form == TextForm::Plain ||
+           ReadsBackAtOnce(text, NumberOf(value)) ||
            ReadsBack<ZelDtDouble>(value, TextForm::Extern, text);
 }
 
@@ -172,7 +188,7 @@ constexpr ColumnType DoubleType()
     ColumnType type = TypeOf<ZelDtDouble>("double", true, &LessDouble);
     type.readsBack = &DoubleReadsBack;
     type.exactText = &ExactDouble;
-    return WithUsual(type, &ReadUsualDouble, &AppendSqlDouble);
+    return type;
 }
 
 // Bool and char
@@ -204,7 +220,7 @@ constexpr ColumnType BoolType()
     ColumnType type = TypeOf<ZelDtBool>("bool", false, &LessBool);
     type.readsBack = &BoolReadsBack;
     type.exactText = &ExactBool;
-    return WithUsual(type, &ReadUsualBool, &AppendSqlBool);
+    return type;
 }
 
 bool LessChar(const ZelDtBasis& a, const ZelDtBasis& b)
@@ -225,11 +241,28 @@ std::string ExactDateTime(const ZelDtBasis& value)
            std::to_string(fields.tm_min) + ":" + std::to_string(fields.tm_sec);
 }
 
+/// Whether every text tells all of the moment, as most are.
+bool IsTextual(const zeldt::DateTimeFields& fields)
+{
+    constexpr int kMostYears = 9999 - zeldt::kBaseYear;
+    const auto isBelow = [](int field, int limit) { return field >= 0 && field < limit; };
+    return zeldt::HasDay(fields.month, zeldt::YearOf(fields), fields.day) &&
+           isBelow(fields.year, kMostYears + 1) && isBelow(fields.hour, 24) &&
+           isBelow(fields.minute, 60) && fields.second == 0;
+}
+
+bool DateTimeReadsBack(const ZelDtBasis& value, TextForm form, std::string_view text)
+{
+    const auto& moment = static_cast<const ZelDtDateTime&>(value);
+    return IsTextual(ZelDtDateTimeAccess::Of(moment).fields) ||
+           ReadsBack<ZelDtDateTime>(value, form, text);
+}
+
 template <typename Value>
-constexpr ColumnType CalendarType(const char* name)
+constexpr ColumnType CalendarType(const char* name, decltype(ColumnType::readsBack) readsBack)
 {
     ColumnType type = TypeOf<Value>(name, false);
-    type.readsBack = &ReadsBack<Value>;
+    type.readsBack = readsBack;
     type.exactText = &ExactDateTime;
     return type;
 }
@@ -254,7 +287,7 @@ Finding CheckMidnight(ZelDtBasis& value)
 
 constexpr ColumnType DateType()
 {
-    ColumnType type = CalendarType<ZelDtDateZp>("date");
+    ColumnType type = CalendarType<ZelDtDateZp>("date", &ReadsBack<ZelDtDateZp>);
     type.checkTyped = &CheckNoTimeTyped;
     type.complete = &CheckMidnight;
     return type;
@@ -285,9 +318,8 @@ bool TimeReadsBack(const ZelDtBasis& value, TextForm form, std::string_view text
 
 std::string ExactTime(const ZelDtBasis& value)
 {
-    std::string text;
-    AppendSql<ZelDtTime>(value, text);
-    return text;
+    std::array<char, ColumnType::kSqlRoom> text{};
+    return {text.data(), WriteSql<ZelDtTime>(value, text.data(), text.size())};
 }
 
 constexpr ColumnType TimeType()
@@ -300,14 +332,14 @@ constexpr ColumnType TimeType()
 }
 
 constexpr std::array kTypes = {
-    WithUsual(TypeOf<ZelDtLong>("long", true), &ReadUsualLong, &AppendSqlLong),
-    WithUsual(TypeOf<ZelDtShort>("short", true), &ReadUsualShort, &AppendSqlShort),
+    TypeOf<ZelDtLong>("long", true),
+    TypeOf<ZelDtShort>("short", true),
     DecimalType(),
     DoubleType(),
     BoolType(),
-    WithUsual(TypeOf<ZelDtChar>("char", false, &LessChar), &ReadUsualChar, &AppendSqlChar),
-    WithUsual(TypeOf<ZelDtString>("string", false), &ReadUsualString, &AppendSqlString),
-    WithUsual(CalendarType<ZelDtDateTime>("datetime"), &ReadUsualDateTime, &AppendSqlDateTime),
+    TypeOf<ZelDtChar>("char", false, &LessChar),
+    TypeOf<ZelDtString>("string", false),
+    CalendarType<ZelDtDateTime>("datetime", &DateTimeReadsBack),
     DateType(),
     TimeType(),
 };

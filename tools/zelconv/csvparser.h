@@ -3,11 +3,12 @@
 
 /// One row of CSV at a time, taken apart under the strict rules of RFC 4180.
 
+#include "tools/zelconv/charset.h"
+
 #include <bit>
 #include <cstddef>
 #include <cstring>
 #include <emmintrin.h>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -27,130 +28,149 @@ public:
         m_cells.resize(mostCells);
     }
 
-    /// Takes a row without its line end apart. The cells are views of it, or of the parser's own
-    /// memory where quotes were doubled; they stay until the next call or the row changes. There
-    /// are none unless the quotes are right. Blanks belong to their cell.
+    /// Takes a row without its line end apart. The cells are views of the parser's own memory and
+    /// have a NUL behind them; they stay until the next call. There are none unless the quotes are
+    /// right. Blanks belong to their cell.
     Quotes Parse(std::string_view row)
     {
-        m_count = 0;
+        // One byte ends the last cell, and blocks are read whole.
+        if (m_text.size() < row.size() + 1 + kBlock)
+            m_text.resize(2 * row.size() + 1 + kBlock);
         if (ParseUnquoted(row))
             return Quotes::Right;
-        m_count = 0;
-        m_unquoted.clear();
-        m_unquoted.reserve(row.size()); // views of it must not move
-        for (const char* next = row.data();; ++next) {
-            std::string_view cell;
-            const Quotes quotes = TakeCell(next, row.data() + row.size(), cell);
-            if (quotes != Quotes::Right) {
-                m_count = 0;
-                return quotes;
-            }
-            Keep(cell);
-            if (next == row.data() + row.size())
-                return Quotes::Right;
-        }
+        const Quotes quotes = ParseQuoted(row);
+        if (quotes != Quotes::Right)
+            m_count = 0;
+        return quotes;
     }
 
     /// Cells of the row, those not kept included.
     std::size_t GetCount() const { return m_count; }
 
+    /// Whether all cells have ASCII characters only, and no NUL.
+    bool ArePlain() const { return m_arePlain; }
+
     /// The text of a cell that was kept.
     std::string_view operator[](std::size_t cell) const { return m_cells[cell]; }
 
 private:
-    void Keep(std::string_view cell)
+    static constexpr std::size_t kBlock = sizeof(__m128i);
+
+    void Begin(std::string_view row)
     {
+        m_count = 0;
+        row.copy(m_text.data(), row.size());
+    }
+
+    /// Ends a cell where it may be written.
+    void Keep(const char* first, char* end)
+    {
+        *end = '\0';
         if (m_count < m_cells.size())
-            m_cells[m_count] = cell;
+            m_cells[m_count] = {first, static_cast<std::size_t>(end - first)};
         ++m_count;
+    }
+
+    /// Where in a block which bytes stand, one bit for each.
+    struct Marks {
+        unsigned separators;
+        unsigned quotes;
+        unsigned unusual; ///< not ASCII, or NUL
+    };
+
+    Marks MarksOf(const char* block) const
+    {
+        __m128i bytes;
+        std::memcpy(&bytes, block, sizeof bytes);
+        const auto maskOf = [](__m128i of) { return static_cast<unsigned>(_mm_movemask_epi8(of)); };
+        const auto equalTo = [&](char byte) {
+            return maskOf(_mm_cmpeq_epi8(bytes, _mm_set1_epi8(byte)));
+        };
+        return {equalTo(m_separator), equalTo('"'), maskOf(bytes) | equalTo('\0')};
     }
 
     /// Most rows have no quotes; false for one that has.
     bool ParseUnquoted(std::string_view row)
     {
-        const __m128i separators = _mm_set1_epi8(m_separator);
-        const __m128i quotes = _mm_set1_epi8('"');
-        const auto maskOf = [](__m128i equal) {
-            return static_cast<unsigned>(_mm_movemask_epi8(equal));
-        };
-        const char* cell = row.data();
-        for (std::size_t begin = 0; begin < row.size(); begin += kBlock) {
-            const Block block = BlockAt(row, begin);
-            if (maskOf(_mm_cmpeq_epi8(block.bytes, quotes)) != 0)
+        Begin(row);
+        char* const text = m_text.data();
+        text[row.size()] = m_separator;
+        unsigned unusual = 0;
+        std::size_t cell = 0;
+        for (std::size_t begin = 0; begin <= row.size(); begin += kBlock) {
+            const std::size_t last = row.size() - begin;
+            const unsigned present = last < kBlock ? (2U << last) - 1 : 0xFFFF;
+            const Marks marks = MarksOf(text + begin);
+            if ((marks.quotes & present) != 0)
                 return false;
-            unsigned found = maskOf(_mm_cmpeq_epi8(block.bytes, separators)) >> block.before;
-            for (; found != 0; found &= found - 1) {
-                const char* const end =
-                    row.data() + begin + static_cast<std::size_t>(std::countr_zero(found));
-                Keep({cell, static_cast<std::size_t>(end - cell)});
+            unusual |= marks.unusual & present;
+            for (unsigned found = marks.separators & present; found != 0; found &= found - 1) {
+                const std::size_t end = begin + static_cast<std::size_t>(std::countr_zero(found));
+                Keep(text + cell, text + end);
                 cell = end + 1;
             }
         }
-        Keep({cell, static_cast<std::size_t>(row.data() + row.size() - cell)});
+        m_arePlain = unusual == 0;
         return true;
     }
 
-    static constexpr std::size_t kBlock = sizeof(__m128i);
-
-    struct Block {
-        __m128i bytes;
-        unsigned before; ///< bytes in it that stand before the place asked for
-    };
-
-    /// The last block of a row begins early enough to be a whole one; a row that is shorter is
-    /// filled up with zeros.
-    static Block BlockAt(std::string_view row, std::size_t begin)
+    Quotes ParseQuoted(std::string_view row)
     {
-        Block block{_mm_setzero_si128(), 0};
-        if (row.size() < kBlock) {
-            std::memcpy(&block.bytes, row.data(), row.size());
-            return block;
+        Begin(row);
+        m_arePlain = IsPlain(row);
+        char* const end = m_text.data() + row.size();
+        for (char* next = m_text.data();; ++next) {
+            const Quotes quotes =
+                next != end && *next == '"' ? TakeQuoted(next, end) : TakeUnquoted(next, end);
+            if (quotes != Quotes::Right || next == end)
+                return quotes;
         }
-        const std::size_t last = row.size() - kBlock;
-        block.before = static_cast<unsigned>(begin > last ? begin - last : 0);
-        std::memcpy(&block.bytes, row.data() + begin - block.before, kBlock);
-        return block;
     }
 
-    /// The cell at `next`, which moves to the separator or the end behind it.
-    Quotes TakeCell(const char*& next, const char* end, std::string_view& cell)
+    // The cell at `next`, which moves to the separator or the end behind it.
+
+    Quotes TakeUnquoted(char*& next, char* end)
     {
-        if (next != end && *next == '"')
-            return TakeQuoted(next, end, cell);
-        const char* const begin = next;
+        const char* const first = next;
         while (next != end && *next != m_separator && *next != '"')
             ++next;
-        cell = {begin, static_cast<std::size_t>(next - begin)};
-        return next != end && *next == '"' ? Quotes::Wrong : Quotes::Right;
+        if (next != end && *next == '"')
+            return Quotes::Wrong;
+        Keep(first, next);
+        return Quotes::Right;
     }
 
-    Quotes TakeQuoted(const char*& next, const char* end, std::string_view& cell)
+    /// What stands behind a doubled quote moves to the front by one.
+    Quotes TakeQuoted(char*& next, char* end)
     {
-        const std::size_t first = m_unquoted.size();
-        for (bool doubled = false;; doubled = true) {
-            const std::string_view rest(next + 1, static_cast<std::size_t>(end - next - 1));
-            const std::size_t length = rest.find('"');
-            if (length == rest.npos)
+        const char* const first = next + 1;
+        char* out = next + 1;
+        for (;;) {
+            char* const part = next + 1;
+            const auto rest = static_cast<std::size_t>(end - part);
+            auto* const quote = static_cast<char*>(std::memchr(part, '"', rest));
+            if (quote == nullptr)
                 return Quotes::Open;
-            cell = rest.substr(0, length);
-            next += length + 2;
-            const bool more = next != end && *next == '"';
-            if (more || doubled)
-                m_unquoted += cell;
-            if (more) {
-                m_unquoted += '"';
-                continue;
-            }
-            if (doubled)
-                cell = std::string_view(m_unquoted).substr(first);
-            return next == end || *next == m_separator ? Quotes::Right : Quotes::Wrong;
+            const auto size = static_cast<std::size_t>(quote - part);
+            if (out != part)
+                std::memmove(out, part, size);
+            out += size;
+            next = quote + 1;
+            if (next == end || *next != '"')
+                break;
+            *out++ = '"';
         }
+        if (next != end && *next != m_separator)
+            return Quotes::Wrong;
+        Keep(first, out);
+        return Quotes::Right;
     }
 
     char m_separator;
     std::vector<std::string_view> m_cells;
     std::size_t m_count = 0;
-    std::string m_unquoted; ///< cells without their doubled quotes, one behind the other
+    bool m_arePlain = false;
+    std::vector<char> m_text; ///< the row
 };
 
 } // namespace zelconv

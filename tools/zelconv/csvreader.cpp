@@ -27,6 +27,18 @@ bool HasOddQuotes(std::string_view text)
     return std::count(text.begin(), text.end(), '"') % 2 != 0;
 }
 
+/// How the cells of a column are read.
+struct CellForm {
+    CellForm(const Column& column, bool plainNumbers)
+        : form(plainNumbers && column.type->numeric ? TextForm::Plain : TextForm::Display),
+          format(FormatOf(form)), check(column.type->checkTyped)
+    {}
+
+    TextForm form;
+    const ZelFormat* format;
+    decltype(ColumnType::checkTyped) check;
+};
+
 /// Reads rows line by line. A row with a quoted line end goes on in the next lines; if such a row
 /// turns out to be wrong, its first line alone is rejected and reading goes on behind that, so that
 /// one stray quote does not cost the rows below it.
@@ -35,8 +47,10 @@ public:
     CsvReader(InputFile& file, const Options& options)
         : m_name(file.GetName()), m_charset(options.inputCharset), m_lines(file),
           m_columns(ParseColumns(options.columns, options.ModeOfEmpty())),
-          m_parser(options.separator, m_columns.size()), m_plainNumbers(options.plainNumbers)
+          m_parser(options.separator, m_columns.size())
     {
+        for (const Column& column : m_columns)
+            m_forms.emplace_back(column, options.plainNumbers);
         if (options.header)
             ReadHeader();
     }
@@ -55,7 +69,6 @@ private:
     void RejectFirstLine(RowError error);
     void CheckRow() const;
     void SetFromCell(ZelDtBasis& value, int column);
-    TextForm FormOfColumn(int column) const;
     std::string_view TextOfCell(int column);
 
     std::string m_name;
@@ -64,7 +77,7 @@ private:
     std::deque<std::string> m_waiting; ///< lines to be read again
     Columns m_columns;
     CsvParser m_parser;
-    bool m_plainNumbers;
+    std::vector<CellForm> m_forms; ///< of the columns
 
     std::string_view m_raw; ///< the present row
     std::string m_firstLine;
@@ -73,8 +86,7 @@ private:
     std::optional<RowError> m_error;
     std::uint64_t m_lineNumber = 0; ///< of the first line of the row
     std::uint64_t m_linesGiven = 0; ///< lines that were taken into rows
-    bool m_isPlain = false;         ///< the whole row
-    std::string m_cell;
+    std::string m_decoded;          ///< a cell
 };
 
 void CsvReader::ReadHeader()
@@ -83,9 +95,9 @@ void CsvReader::ReadHeader()
         throw Failure(m_name + ": the line with the column names is missing");
     bool good = !m_error && m_parser.GetCount() == m_columns.size();
     for (std::size_t i = 0; good && i < m_columns.size(); ++i) {
-        m_cell.clear();
-        good = ToAnsi(m_charset, m_parser[i], m_cell).status == CharsetResult::Status::Ok &&
-               m_cell == m_columns[i].name;
+        m_decoded.clear();
+        good = ToAnsi(m_charset, m_parser[i], m_decoded).status == CharsetResult::Status::Ok &&
+               m_decoded == m_columns[i].name;
     }
     if (!good)
         throw Failure(m_name + ": the first line does not hold the names of --columns in their "
@@ -175,45 +187,34 @@ void CsvReader::CheckRow() const
         throw MakeFault(RowError::TooManyCells);
 }
 
-TextForm CsvReader::FormOfColumn(int column) const
-{
-    const bool numeric = m_columns[static_cast<std::size_t>(column)].type->numeric;
-    return m_plainNumbers && numeric ? TextForm::Plain : TextForm::Display;
-}
-
-/// The cell in code page 1252, valid until the next call.
+/// The cell in code page 1252 with a NUL behind it, valid until the next call.
 std::string_view CsvReader::TextOfCell(int column)
 {
     const std::string_view text = m_parser[static_cast<std::size_t>(column)];
-    if (m_isPlain)
+    if (m_parser.ArePlain() || IsPlain(text))
         return text;
     if (text.find('\0') != std::string_view::npos)
         throw MakeFault(RowError::NulByte, column);
-    m_cell.clear();
-    DecodeCell(m_charset, text, column, m_cell);
-    return m_cell;
+    m_decoded.clear();
+    DecodeCell(m_charset, text, column, m_decoded);
+    return m_decoded;
 }
 
-/// What a display format does not show, it leaves as it was; so the value is cleared first.
+/// The forms that csv has replace all of a value.
 void CsvReader::SetFromCell(ZelDtBasis& value, int column)
 {
-    const ColumnType& type = *m_columns[static_cast<std::size_t>(column)].type;
-    const TextForm form = FormOfColumn(column);
+    const CellForm& form = m_forms[static_cast<std::size_t>(column)];
     const std::string_view text = TextOfCell(column);
     ForColumn(column, [&] {
-        if (type.readUsual != nullptr && type.readUsual(value, text, form))
-            return;
-        value.Clear();
-        value.SetFromOFL(std::string(text).c_str(), FormatOf(form));
-        if (type.checkTyped != nullptr && value.IsDefined())
-            Refuse(type.checkTyped(value, form, text), column);
+        value.SetFromOFL(text.data(), form.format);
+        if (form.check != nullptr && value.IsDefined())
+            Refuse(form.check(value, form.form, text), column);
     });
 }
 
 void CsvReader::Fill(Row& row)
 {
     CheckRow();
-    m_isPlain = IsPlain(m_raw);
     for (int column = 0; column < row.GetCount(); ++column)
         SetFromCell(row[column], column);
 }

@@ -5,8 +5,11 @@ namespace zelconv {
 Row::Row(const Columns& columns)
 {
     m_values.reserve(columns.size());
-    for (const Column& column : columns)
+    for (const Column& column : columns) {
+        if (column.parameter != ColumnType::kNoParameter)
+            m_parameterColumns.push_back(GetCount());
         m_values.push_back(column.NewValue());
+    }
 }
 
 void RequireReadsBack(const ColumnType& type, const ZelDtBasis& value, TextForm form,
@@ -29,11 +32,10 @@ void CompleteRow(Row& row, const Columns& columns)
 
 void FitToColumns(Row& row, const Columns& columns)
 {
-    for (int i = 0; i < row.GetCount(); ++i) {
+    for (const int i : row.GetParameterColumns()) {
         const Column& column = columns[static_cast<std::size_t>(i)];
-        if (column.parameter == ColumnType::kNoParameter || !row[i].IsDefined())
-            continue;
-        Refuse(ForColumn(i, [&] { return column.type->fit(row[i], column.parameter); }), i);
+        if (row[i].IsDefined())
+            Refuse(ForColumn(i, [&] { return column.type->fit(row[i], column.parameter); }), i);
     }
 }
 

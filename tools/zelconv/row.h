@@ -23,8 +23,12 @@ public:
         return *m_values[static_cast<std::size_t>(column)];
     }
 
+    /// The columns with parameters.
+    const std::vector<int>& GetParameterColumns() const { return m_parameterColumns; }
+
 private:
     std::vector<std::unique_ptr<ZelDtBasis>> m_values;
+    std::vector<int> m_parameterColumns;
 };
 
 /// A fault of the column if the text that was made of the value would read back as another one.
