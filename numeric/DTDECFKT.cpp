@@ -5,11 +5,13 @@
 #include "numeric/IMP/DTDECEXT.h"
 #include "numeric/IMP/DTDECIMI.h"
 #include "numeric/IMP/DTDECSQL.h"
+#include "platform/formats/usualtexts.h"
 #include "platform/runtime/int32text.h"
 #include "text/IMP/DTARCTXT.h"
 #include "text/IMP/DTVIEW.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <string>
 #include <typeinfo>
@@ -73,6 +75,14 @@ void Show(const RWDecimal96& number, const ZelFormat& format, CString& shown)
         format.FormatString(zeldt::TextArgument(text, length), ZelFormat::ZelFoZahlText, shown);
     else // only archives bring such a number
         format.FormatString(toString(number).data(), ZelFormat::ZelFoZahlText, shown);
+}
+
+/// The digits are at most those of 63 bits, and so few places are always possible.
+RWDecimal96 NumberOf(const zelformat::PlainNumber& plain)
+{
+    const auto digits = static_cast<std::int64_t>(plain.digits);
+    return RWDecimal96Access::MakeShort(plain.negative ? -digits : digits,
+                                        static_cast<std::int32_t>(plain.decimals));
 }
 
 const ZelFormat& DefaultFormat()
@@ -376,9 +386,17 @@ void ZelDtDecimal::SetFromOFL(const char* text, const ZelFormat* format)
             Clear();
             return;
         }
+        const ZelFormat& chosen = zeldt::ChooseFormat(format, GetFormat(), DefaultFormat());
+        const std::string_view typed(text);
+        zelformat::PlainNumber plain{};
+        if (zelformat::ReadUsualNumber(chosen, typed, plain) && plain.digits <= INT64_MAX) {
+            ZelDtDecimal_Imp::InstallHandlers();
+            Access::Replace(*this, NumberOf(plain));
+            return;
+        }
         CString number;
-        zeldt::ChooseFormat(format, GetFormat(), DefaultFormat())
-            .ParseString(zeldt::TextArgument(text), ZelFormat::ZelFoZahlText, &number);
+        chosen.ParseString(zeldt::TextArgument(text, typed.size()), ZelFormat::ZelFoZahlText,
+                           &number);
         Access::Replace(*this, ZelDtDecimal_Imp::ConvAsciiToRW96(ViewOf(number)));
     });
 }
