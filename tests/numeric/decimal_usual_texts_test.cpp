@@ -3,6 +3,8 @@
 
 #include "tests/numeric/decimal_testing.h"
 
+#include "platform/formats/ZelFormat.h"
+
 #include <random>
 #include <string>
 
