@@ -58,14 +58,14 @@ ZelFormat::FormatDatumUmfang ScopeOf(const ZelDtDateTime& value)
 }
 
 /// Reads a moment that has its usual shape and that the calendar has. The fields are new ones.
-bool ReadUsual(const ZelFormat& format, std::string_view text, const ZelDtDateTime& value,
+bool ReadUsual(const ZelFormat& format, std::string_view text, ZelFormat::FormatDatumUmfang scope,
                DateTimeFields& fields)
 {
-    const auto scope = ScopeOf(value) == ZelFormat::ZelFoNurDatum ? zelformat::DateScope::DateOnly
-                                                                  : zelformat::DateScope::DateTime;
+    const auto read = scope == ZelFormat::ZelFoNurDatum ? zelformat::DateScope::DateOnly
+                                                        : zelformat::DateScope::DateTime;
     zelformat::CalendarDate date{};
     zelformat::TimeOfDay time{};
-    if (!zelformat::ReadUsualMoment(format, text, scope, date, time) ||
+    if (!zelformat::ReadUsualMoment(format, text, read, date, time) ||
         !zeldt::HasDay(date.month - 1, date.year, date.day) || time.hour > 23 || time.minute > 59)
         return false;
     fields.minute = time.minute;
@@ -260,10 +260,11 @@ void ZelDtDateTime::SetFromOFL(const char* text, const ZelFormat* format)
         }
         const ZelFormat& chosen = zeldt::ChooseFormat(format, GetFormat(), DefaultFormat());
         const std::string_view typed(text);
+        const ZelFormat::FormatDatumUmfang scope = ScopeOf(*this);
         ZelDtDateTime_Imp read;
-        if (!ReadUsual(chosen, typed, *this, read.fields)) {
+        if (!ReadUsual(chosen, typed, scope, read.fields)) {
             std::tm record = zeldt::RecordOf(m_pImp->fields);
-            chosen.ParseDateTime(zeldt::TextArgument(text, typed.size()), ScopeOf(*this), &record);
+            chosen.ParseDateTime(zeldt::TextArgument(text, typed.size()), scope, &record);
             read.fields = zeldt::FieldsOf(record);
         }
         // A year that an archive brought is not set anew.

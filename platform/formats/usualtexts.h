@@ -183,15 +183,18 @@ struct TimeOfDay {
     int second;
 };
 
+inline constexpr std::string_view kMomentShape = "00.00.0000 00:00";
+
 /// Reads the shape "dd.mm.yyyy hh:mm", by rules that take it; whether the calendar has the numbers
 /// is not looked at. False for any other text and other rules.
 inline bool ReadPlainMoment(std::string_view text, const DateRules& rules, CalendarDate& date,
                             TimeOfDay& time) noexcept
 {
-    constexpr std::string_view shape = "00.00.0000 00:00";
+    if (text.size() != kMomentShape.size())
+        return false;
     const bool digitsAlone = !rules.twoDigits.on || rules.twoDigits.with == '0';
     const bool dateWithTime = rules.parts != DateParts::Date && rules.parts != DateParts::Minutes;
-    if (text.size() != shape.size() || rules.separator != '.' || !digitsAlone || !dateWithTime ||
+    if (rules.separator != '.' || !digitsAlone || !dateWithTime ||
         rules.month != MonthStyle::Number)
         return false;
 
@@ -200,11 +203,11 @@ inline bool ReadPlainMoment(std::string_view text, const DateRules& rules, Calen
         return _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes.data()));
     };
     const __m128i most = _mm_setr_epi8(9, 9, 0, 9, 9, 0, 9, 9, 9, 9, 0, 9, 9, 0, 9, 9);
-    const __m128i read = _mm_xor_si128(load(text), load(shape));
+    const __m128i read = _mm_xor_si128(load(text), load(kMomentShape));
     if (_mm_movemask_epi8(_mm_cmpeq_epi8(_mm_max_epu8(read, most), most)) != 0xFFFF)
         return false;
 
-    std::array<unsigned char, shape.size()> digits{};
+    std::array<unsigned char, kMomentShape.size()> digits{};
     std::memcpy(digits.data(), &read, sizeof read);
     const auto numberAt = [&digits](std::size_t at) { return digits[at] * 10 + digits[at + 1]; };
     date = {numberAt(0), numberAt(3), numberAt(6) * 100 + numberAt(8)};
@@ -216,6 +219,8 @@ inline bool ReadPlainMoment(std::string_view text, const DateRules& rules, Calen
 inline bool ReadUsualMoment(const ZelFormat& format, std::string_view text, DateScope scope,
                             CalendarDate& date, TimeOfDay& time) noexcept
 {
+    if (text.size() != kMomentShape.size())
+        return false;
     const Rules* const rules = RulesAccess::Of(format);
     const auto* const mode = rules != nullptr ? std::get_if<ModeRules>(rules) : nullptr;
     return mode != nullptr && ReadPlainMoment(text, DateRulesOfMode(*mode, scope), date, time);
