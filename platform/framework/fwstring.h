@@ -101,7 +101,8 @@ public:
     int GetAllocLength() const noexcept { return Data()->nAllocLength; }
     LPCTSTR GetString() const noexcept { return m_pszData; }
     operator LPCTSTR() const noexcept { return m_pszData; }
-    /// The character at `index`; the position behind the last one gives the NUL.
+    /// The character at `index`; the position behind the last one gives the NUL, any other
+    /// CInvalidArgException*.
     TCHAR GetAt(int index) const
     {
         if (index < 0 || index > GetLength())
