@@ -2,11 +2,15 @@
 
 #include "tests/platform/recordsets/recordsets_testing.h"
 
+#include <algorithm>
 #include <fstream>
 #include <type_traits>
 
 #ifndef _WIN32
+#include <chrono>
 #include <csignal>
+#include <filesystem>
+#include <thread>
 #endif
 
 using namespace zeltest;
@@ -46,7 +50,14 @@ protected:
         NamesTest::TearDown();
     }
 
-    static void Freeze() { Signal(SIGSTOP); }
+    /// The signal only asks: a thread that runs at that moment may still answer.
+    static void Freeze()
+    {
+        Signal(SIGSTOP);
+        for (int i = 0; i < 1000 && !IsFrozen(); ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        ASSERT_TRUE(IsFrozen());
+    }
 
     /// The server goes on and finds the connection gone; the program connects again.
     void Thaw()
@@ -68,9 +79,25 @@ protected:
     }
 
 private:
-    static void Signal(int number)
+    static std::string Server() { return FromEnvironment("ZEL_TEST_SERVER_PID"); }
+
+    static void Signal(int number) { ASSERT_EQ(kill(std::stoi(Server()), number), 0); }
+
+    /// Whether every thread of the server stands still.
+    static bool IsFrozen()
     {
-        ASSERT_EQ(kill(std::stoi(FromEnvironment("ZEL_TEST_SERVER_PID")), number), 0);
+        const std::filesystem::directory_iterator threads("/proc/" + Server() + "/task");
+        return std::all_of(begin(threads), end(threads),
+                           [](const auto& thread) { return IsStopped(thread.path() / "stat"); });
+    }
+
+    /// The letter of the state follows the name, which may hold blanks and parentheses.
+    static bool IsStopped(const std::filesystem::path& stat)
+    {
+        std::string line;
+        std::getline(std::ifstream(stat), line, '\0');
+        const std::size_t name = line.rfind(')');
+        return name != std::string::npos && line.compare(name, 3, ") T") == 0;
     }
 };
 #endif
