@@ -63,7 +63,7 @@ bool ReadUsual(const ZelFormat& format, std::string_view text, ZelFormat::Format
 {
     const auto read = scope == ZelFormat::ZelFoNurDatum ? zelformat::DateScope::DateOnly
                                                         : zelformat::DateScope::DateTime;
-    zelformat::CalendarDate date{};
+    zelrt::DateNumbers date;
     zelformat::TimeOfDay time{};
     if (!zelformat::ReadUsualMoment(format, text, read, date, time) ||
         !zeldt::HasDay(date.month - 1, date.year, date.day) || time.hour > 23 || time.minute > 59)

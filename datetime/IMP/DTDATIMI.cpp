@@ -97,7 +97,7 @@ constexpr bool IsSeparator(char c)
 }
 
 /// Whether the setters, one after the other, would come to these very numbers.
-constexpr bool IsInRange(const zeldt::DateNumbers& date)
+constexpr bool IsInRange(const zelrt::DateNumbers& date)
 {
     return date.year >= kFirstYear && zeldt::HasDay(date.month - 1, date.year, date.day);
 }
@@ -326,7 +326,7 @@ void ZelDtDateTime_Imp::SetDateTime(const char* text)
 
 void ZelDtDateTime_Imp::ReadDate(const char* text)
 {
-    zeldt::DateNumbers date;
+    zelrt::DateNumbers date;
     if (!zeldt::ReadUsualDate(text, date)) {
         ReadUnusualDate(text);
     } else if (IsInRange(date)) {

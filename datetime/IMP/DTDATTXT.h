@@ -5,7 +5,7 @@
 
 #include "datetime/IMP/DTCALEND.h"
 #include "platform/runtime/digits.h"
-#include "platform/runtime/shorttext.h"
+#include "platform/runtime/dotteddate.h"
 
 #include <array>
 #include <charconv>
@@ -144,41 +144,14 @@ struct ExternNumbers {
 /// read, and all behind it, is 0.
 ExternNumbers ReadExternText(std::string_view text, ExternKind kind) noexcept;
 
-/// The numbers of a date as they are written, the month from 1.
-struct DateNumbers {
-    int day = 0;
-    int month = 0;
-    int year = 0;
-};
-
 /// Reads "dd.mm.yyyy", alone or before a blank, as most dates are written. Not any other text, nor
 /// the year 0000; false then.
-inline bool ReadUsualDate(const char* text, DateNumbers& date) noexcept
+inline bool ReadUsualDate(const char* text, zelrt::DateNumbers& date) noexcept
 {
-    constexpr std::size_t length = 10;
-    const std::size_t found = strnlen(text, length + 1);
-    if (found < length || (found > length && text[length] != ' '))
+    if (!zelrt::ReadDottedDate(text, date) || date.year == 0)
         return false;
-
-    // Day, month and century in eight bytes, then the year of the century in two: what is as it
-    // should be becomes 0 to 9 where digits stand and 0 elsewhere, and sets no high bit when as
-    // much is added as that leaves to 0x80.
-    const std::uint64_t front = zelrt::LoadWord<std::uint64_t>(text) ^ 0x3030'2E30'302E'3030;
-    const unsigned back = zelrt::LoadWord<std::uint16_t>(text + 8) ^ 0x3030U;
-    const std::uint64_t wrongFront = (front | (front + 0x7676'7F76'767F'7676)) & 0x8080808080808080;
-    const unsigned wrongBack = (back | (back + 0x7676)) & 0x8080;
-    if ((wrongFront | wrongBack) != 0)
-        return false;
-
-    // Each byte becomes the number that it makes with the next one.
-    const std::uint64_t pairs = front * 10 + (front >> 8);
-    const auto numberAt = [pairs](int index) {
-        return static_cast<int>(pairs >> (8 * index) & 0xFF);
-    };
-    date.day = numberAt(0);
-    date.month = numberAt(3);
-    date.year = numberAt(6) * 100 + static_cast<int>((back & 0xFF) * 10 + (back >> 8));
-    return date.year != 0;
+    const char next = text[zelrt::kDottedDateLength];
+    return next == '\0' || next == ' ';
 }
 
 } // namespace zeldt

@@ -166,7 +166,7 @@ public:
         return m_at != before;
     }
 
-    bool Date(bool alsoUnseparated, CalendarDate& date)
+    bool Date(bool alsoUnseparated, zelrt::DateNumbers& date)
     {
         const bool columns = (m_rules.separator == '\0' || alsoUnseparated) && AtColumns();
         return (columns ? Columns(date) : Separated(date)) && Year(date.year);
@@ -183,9 +183,9 @@ public:
 
 private:
     /// Day and month with nothing between them and the year.
-    bool Columns(CalendarDate& date) { return Number(2, date.day) && Number(2, date.month); }
+    bool Columns(zelrt::DateNumbers& date) { return Number(2, date.day) && Number(2, date.month); }
 
-    bool Separated(CalendarDate& date)
+    bool Separated(zelrt::DateNumbers& date)
     {
         const bool named = m_rules.month != MonthStyle::Number;
         if (!named && m_rules.separator == '\0')
@@ -294,8 +294,8 @@ private:
 };
 
 /// Whether the text has the right shape. Whether the calendar has what it says is not looked at.
-bool ReadFields(std::string_view text, const DateRules& rules, DateScope scope, CalendarDate& date,
-                TimeOfDay& time)
+bool ReadFields(std::string_view text, const DateRules& rules, DateScope scope,
+                zelrt::DateNumbers& date, TimeOfDay& time)
 {
     DateReader reader(TrimBlanks(text), rules);
     if (HasDate(rules.parts) && !reader.Date(scope == DateScope::DateOnly, date))
@@ -334,7 +334,7 @@ Status ShowDate(const std::tm& value, const DateRules& rules, TextBuffer& text)
 
 Status ReadDate(std::string_view text, const DateRules& rules, DateScope scope, std::tm* value)
 {
-    CalendarDate date{};
+    zelrt::DateNumbers date{};
     TimeOfDay time{};
     if (!ReadPlainMoment(text, rules, date, time) && !ReadFields(text, rules, scope, date, time))
         return Status::Mismatch;

@@ -9,6 +9,7 @@
 #include "platform/formats/datetext.h"
 #include "platform/formats/numbertext.h"
 #include "platform/runtime/digits.h"
+#include "platform/runtime/dotteddate.h"
 #include "platform/runtime/exactpowers.h"
 #include "platform/runtime/shorttext.h"
 
@@ -171,12 +172,6 @@ inline bool ReadUsualChar(const ZelFormat& format, std::string_view text, char& 
 
 // Dates
 
-struct CalendarDate {
-    int day;
-    int month;
-    int year;
-};
-
 struct TimeOfDay {
     int hour;
     int minute;
@@ -185,17 +180,21 @@ struct TimeOfDay {
 
 inline constexpr std::string_view kMomentShape = "00.00.0000 00:00";
 
-/// Reads the shape "dd.mm.yyyy hh:mm", by rules that take it; whether the calendar has the numbers
-/// is not looked at. False for any other text and other rules.
-inline bool ReadPlainMoment(std::string_view text, const DateRules& rules, CalendarDate& date,
+/// Reads "dd.mm.yyyy hh:mm" and, which is its midnight, "dd.mm.yyyy", by rules that take them;
+/// whether the calendar has the numbers is not looked at. False for any other text and other rules.
+inline bool ReadPlainMoment(std::string_view text, const DateRules& rules, zelrt::DateNumbers& date,
                             TimeOfDay& time) noexcept
 {
-    if (text.size() != kMomentShape.size())
-        return false;
     const bool digitsAlone = !rules.twoDigits.on || rules.twoDigits.with == '0';
     const bool dateWithTime = rules.parts != DateParts::Date && rules.parts != DateParts::Minutes;
     if (rules.separator != '.' || !digitsAlone || !dateWithTime ||
         rules.month != MonthStyle::Number)
+        return false;
+    if (text.size() == zelrt::kDottedDateLength) {
+        time = {0, 0, 0};
+        return zelrt::ReadDottedDate(text.data(), date);
+    }
+    if (text.size() != kMomentShape.size())
         return false;
 
     // What is as it should be becomes 0 to 9 where digits stand and 0 elsewhere.
@@ -217,10 +216,8 @@ inline bool ReadPlainMoment(std::string_view text, const DateRules& rules, Calen
 
 /// The same by a format; only the modes are usual.
 inline bool ReadUsualMoment(const ZelFormat& format, std::string_view text, DateScope scope,
-                            CalendarDate& date, TimeOfDay& time) noexcept
+                            zelrt::DateNumbers& date, TimeOfDay& time) noexcept
 {
-    if (text.size() != kMomentShape.size())
-        return false;
     const Rules* const rules = RulesAccess::Of(format);
     const auto* const mode = rules != nullptr ? std::get_if<ModeRules>(rules) : nullptr;
     return mode != nullptr && ReadPlainMoment(text, DateRulesOfMode(*mode, scope), date, time);

@@ -84,26 +84,27 @@ static_assert(kAnsiToOem850[0x84] == 0x22 && kAnsiToOem437[0x84] == 0x2C);
 static_assert(kOem850ToAnsi[0x84] == 0xE4 && kOem437ToAnsi[0x82] == 0xE9);
 
 /// Replaces each of `size` bytes through a map that leaves the bytes below 0x80 alone. Plain text
-/// is only read, 64 bytes at a time; elsewhere only the bytes that need the map are touched.
+/// is only read, 128 bytes at a time; elsewhere only the bytes that need the map are touched.
 inline void TranslateInPlace(char* text, std::size_t size, const ByteMap& map) noexcept
 {
     constexpr std::size_t kPart = sizeof(__m128i);
-    constexpr std::size_t kBlock = 4 * kPart;
+    constexpr std::size_t kBlock = 8 * kPart;
     const auto load = [](const char* bytes) {
         return _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes));
     };
+    const auto anyOfFour = [load](const char* bytes) {
+        return _mm_or_si128(_mm_or_si128(load(bytes), load(bytes + kPart)),
+                            _mm_or_si128(load(bytes + 2 * kPart), load(bytes + 3 * kPart)));
+    };
     char* const end = text + size;
-    for (; static_cast<std::size_t>(end - text) >= kBlock; text += kBlock) {
-        const __m128i parts[] = {load(text), load(text + kPart), load(text + 2 * kPart),
-                                 load(text + 3 * kPart)};
-        if (_mm_movemask_epi8(_mm_or_si128(_mm_or_si128(parts[0], parts[1]),
-                                           _mm_or_si128(parts[2], parts[3]))) == 0)
-            continue;
-        char* part = text;
-        for (const __m128i& bytes : parts) {
-            MapHighBytes(part, bytes, map);
-            part += kPart;
+    while (static_cast<std::size_t>(end - text) >= kBlock) {
+        const __m128i any = _mm_or_si128(anyOfFour(text), anyOfFour(text + kBlock / 2));
+        char* const blockEnd = text + kBlock;
+        if (_mm_movemask_epi8(any) != 0) {
+            for (; text != blockEnd; text += kPart)
+                MapHighBytes(text, load(text), map);
         }
+        text = blockEnd;
     }
     while (text != end) {
         const std::size_t part = std::min(kPart, static_cast<std::size_t>(end - text));

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <memory>
 #include <optional>
 #include <ostream>
@@ -29,7 +30,7 @@ std::optional<Read> ReadExactly(const std::string& text)
 {
     const std::unique_ptr<char[]> exact(new char[text.size() + 1]);
     std::memcpy(exact.get(), text.c_str(), text.size() + 1);
-    zeldt::DateNumbers date;
+    zelrt::DateNumbers date;
     if (!zeldt::ReadUsualDate(exact.get(), date))
         return std::nullopt;
     return Read{date.day, date.month, date.year};

@@ -23,15 +23,15 @@ void PrintTo(const Moment& moment, std::ostream* out)
     *out << "error " << moment.error << ", fields " << testing::PrintToString(moment.fields);
 }
 
-Moment ReadMoment(const ZelFormat& format, std::string_view text)
+Moment ReadMoment(const ZelFormat& format, std::string_view text,
+                  ZelFormat::FormatDatumUmfang scope = ZelFormat::ZelFoDatumMitZeit)
 {
     std::tm value{};
     value.tm_sec = 99;
     value.tm_wday = 5;
     Moment read{};
-    read.error = ErrorOf("ParseDateTime(CString&,FormatDatumUmfang,struct tm*)", [&] {
-        format.ParseDateTime(ToCString(text), ZelFormat::ZelFoDatumMitZeit, &value);
-    });
+    read.error = ErrorOf("ParseDateTime(CString&,FormatDatumUmfang,struct tm*)",
+                         [&] { format.ParseDateTime(ToCString(text), scope, &value); });
     read.fields = {value.tm_mday, value.tm_mon, value.tm_year, value.tm_hour,
                    value.tm_min,  value.tm_sec, value.tm_wday, value.tm_isdst};
     return read;
@@ -214,6 +214,10 @@ TEST(UsualTexts, Moments)
         for (std::size_t i = 0; i < formats.size(); ++i)
             ASSERT_EQ(ReadMoment(formats[i], text), ReadMoment(formats[i], " " + text))
                 << text << " by " << i;
+        for (const F& mode : {Standard(), Technical()})
+            ASSERT_EQ(ReadMoment(mode, text, F::ZelFoNurDatum),
+                      ReadMoment(mode, " " + text, F::ZelFoNurDatum))
+                << text;
     };
     for (const char* text :
          {"05.03.2000 14:07", "29.02.2000 00:00", "29.02.1900 00:00", "31.04.2000 10:00",
@@ -221,12 +225,17 @@ TEST(UsualTexts, Moments)
           "01.01.0000 00:00", "01.01.0000 24:00", "01.01.2000 23:60", "99.99.9999 99:99",
           "5.3.2000 14:07", "05.03.2000 1:07", "05.03.2000", "05.03.2000 14:0", ""})
         check(text);
-    const std::string usual = "17.06.2048 12:34";
-    for (std::size_t at = 0; at < usual.size(); ++at) {
-        for (int code = 0; code < 256; ++code) {
-            std::string text = usual;
-            text[at] = static_cast<char>(code);
-            check(text);
+    for (const char* text :
+         {"29.02.2000", "29.02.1900", "31.04.2000", "00.01.2000", "01.00.2000", "01.13.2000",
+          "31.12.9999", "01.01.0000", "99.99.9999", "05.03.2000 ", "05.03.20001", "05.03.200"})
+        check(text);
+    for (const std::string usual : {"17.06.2048 12:34", "17.06.2048"}) {
+        for (std::size_t at = 0; at < usual.size(); ++at) {
+            for (int code = 0; code < 256; ++code) {
+                std::string text = usual;
+                text[at] = static_cast<char>(code);
+                check(text);
+            }
         }
     }
 }
@@ -237,6 +246,11 @@ TEST(UsualTexts, MomentsHaveTheirFields)
               (Moment{0, {5, 2, 100, 14, 7, 0, 0, -1}}));
     EXPECT_EQ(ReadMoment(Technical(), "31.12.1753 00:00"),
               (Moment{0, {31, 11, -147, 0, 0, 0, 0, -1}}));
+    EXPECT_EQ(ReadMoment(Standard(), "05.03.2000"), (Moment{0, {5, 2, 100, 0, 0, 0, 0, -1}}));
+    EXPECT_EQ(ReadMoment(Standard(), "29.02.1904", ZelFormat::ZelFoNurDatum),
+              (Moment{0, {29, 1, 4, 0, 0, 0, 0, -1}}));
+    EXPECT_EQ(ReadMoment(Standard(), "29.02.1900", ZelFormat::ZelFoNurDatum),
+              (Moment{8, {0, 0, 0, 0, 0, 99, 5, 0}}));
     EXPECT_EQ(ReadMoment(Standard(), "30.02.2000 14:07"), (Moment{8, {0, 0, 0, 0, 0, 99, 5, 0}}));
 }
 
