@@ -170,19 +170,33 @@ const std::vector<Operation>& AllOperations()
     return operations;
 }
 
+/// Whether an operation on a copy of the value ends soon. One that counts days or years one by one
+/// never does; any other is now and then stopped by a machine that is busy, but not each time.
+template <typename Value, typename Run>
+bool EndsSoon(const Value& given, const Run& run)
+{
+    constexpr int kTries = 5;
+    for (int i = 0; i < kTries; ++i) {
+        Value value(given);
+        const auto begin = std::chrono::steady_clock::now();
+        Catch([&] { run(value); });
+        if (std::chrono::steady_clock::now() - begin < std::chrono::milliseconds(500))
+            return true;
+    }
+    return false;
+}
+
 /// Runs every operation on a value of the fields in the state.
 void RunAll(const Moment& moment)
 {
     const Given<ZelDtDateTime> given(moment);
     for (const Operation& operation : AllOperations()) {
+        ASSERT_TRUE(EndsSoon(given.it, operation.run)) << operation.name << " on " << moment;
         ZelDtDateTime value(given.it);
-        const auto begin = std::chrono::steady_clock::now();
         const Caught caught = Catch([&] { operation.run(value); });
-        const auto took = std::chrono::steady_clock::now() - begin;
         ASSERT_TRUE(caught.disturbance.empty() || caught.disturbance == "nothing")
             << operation.name << " on " << moment << " threw " << caught.disturbance;
         ASSERT_EQ(caught.leaked, 0u) << operation.name << " on " << moment;
-        ASSERT_LT(took, std::chrono::milliseconds(500)) << operation.name << " on " << moment;
         // What is left can be looked at and wiped.
         value.Clear();
         ASSERT_EQ(FieldsOf(RecordOf(value)), kNew) << operation.name << " on " << moment;
@@ -277,11 +291,9 @@ TEST_F(HostileFields, OfADateEndItsOperationsSoon)
                     [](ZelDtDateZp& v) { const ZelDtString text(v); },
                 };
                 for (const auto& operation : operations) {
+                    ASSERT_TRUE(EndsSoon(given.it, operation)) << fields;
                     ZelDtDateZp value(given.it);
-                    const auto begin = std::chrono::steady_clock::now();
                     const Caught caught = Catch([&] { operation(value); });
-                    ASSERT_LT(std::chrono::steady_clock::now() - begin,
-                              std::chrono::milliseconds(500));
                     ASSERT_TRUE(caught.disturbance.empty() || caught.disturbance == "nothing")
                         << fields;
                     ASSERT_EQ(caught.leaked, 0u);
