@@ -327,15 +327,15 @@ Status Divide(const Number& a, const Number& b, Number& result)
 
 bool DivideLong(const Number& a, const Number& b, Fitted& result)
 {
-    if (a.magnitude == 0 || b.magnitude == 0)
-        return false;
     int zerosOfA = 0;
     int zerosOfB = 0;
     const uint128 dividend = Normalised(a.magnitude, zerosOfA);
     const uint128 divisor = Normalised(b.magnitude, zerosOfB);
     const int exponent = zerosOfB - zerosOfA;
     const int index = exponent + kMostBits;
-    if (index < 0 || index > 2 * kMostBits)
+    // Zeros alone have no highest bit.
+    const bool isZero = static_cast<std::int64_t>(HighHalf(dividend & divisor)) >= 0;
+    if (isZero || index < 0 || index > 2 * kMostBits)
         return false;
     // That of the normalised numbers * 2^126, at most 16 too small or too large.
     const uint128 quotient = UpperProduct(dividend, ReciprocalOf(divisor));
@@ -344,10 +344,10 @@ bool DivideLong(const Number& a, const Number& b, Fitted& result)
     const std::int64_t difference = a.places - b.places;
     const std::int64_t scale =
         std::min<std::int64_t>(kMostDigits - digits, kMostPlaces - difference);
-    if (scale < 0 || scale > kLargestPower128 || digits - difference > kMostDigits)
+    result.places = difference + scale;
+    if (scale < 0 || scale > kLargestPower128 || result.places < 0)
         return false;
     const auto& [power, bits] = kNormalisedPowers[static_cast<std::size_t>(scale)];
-    result.places = difference + scale;
     result.inexact = true;
     const NearQuotient scaled = {UpperProduct(quotient, power), 126 - exponent - bits};
     if (scaled.bits > 63 || !scaled.IsSure())

@@ -40,6 +40,7 @@ struct Fitted {
 
 /// A quotient with `bits` bits behind its point, at most 63, that is known but for a small error.
 /// Mostly they tell all the same in which direction it is rounded, and that there is a remainder.
+/// `number` is so far below 2^128 that a half more does not carry beyond it.
 struct NearQuotient {
     static constexpr std::uint64_t kError = 32;
 
@@ -51,11 +52,7 @@ struct NearQuotient {
     /// Whether the error cannot hide a whole or a half.
     bool IsSure() const { return ((LowHalf(number) + kError) & (Half() - 1)) > 2 * kError; }
 
-    uint128 Rounded() const
-    {
-        return ShiftedRight(number, static_cast<unsigned>(bits)) +
-               OneIf((LowHalf(number) & Half()) != 0);
-    }
+    uint128 Rounded() const { return ShiftedRight(number + Half(), static_cast<unsigned>(bits)); }
 
     /// The nearest whole number of halves.
     uint128 Halves() const

@@ -5,6 +5,7 @@
 
 #include "platform/decimals/wide.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -119,6 +120,11 @@ inline constexpr auto kDivisors = [] {
     }
     return divisors;
 }();
+
+/// Products with them leave room for what is added to round.
+static_assert(std::all_of(kDivisors.begin(), kDivisors.end(), [](const PowerDivisor& divisor) {
+    return HighHalf(divisor.reciprocal) < ~std::uint64_t{0};
+}));
 
 /// 10^exponent, exponent 0 to 38, moved up to the highest of 128 bits.
 struct NormalisedPower {

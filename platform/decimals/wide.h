@@ -176,7 +176,7 @@ constexpr uint128 ShiftedRight(uint128 number, unsigned bits)
                                                                           << (64 - bits));
 }
 
-/// A number that is not 0 moved up to the highest of 128 bits; `bits` tells how far.
+/// A number moved up to the highest of 128 bits, 0 staying 0; `bits` tells how far.
 inline uint128 Normalised(uint128 number, int& bits)
 {
     // By whole words first: compilers decide on shifts of 128 bits when they are done.
