@@ -13,7 +13,6 @@
 #include <cstddef>
 #include <cstdlib>
 #include <cstring>
-#include <functional>
 #include <limits>
 #include <new>
 
@@ -126,7 +125,7 @@ RWDecimal96 Computed(Operation operation, const Operands&... operands)
 template <Status (*operation)(const Number&, const Number&, Number&)>
 [[gnu::noinline]] RWDecimal96 ComputedOf(const RWDecimal96& a, const RWDecimal96& b)
 {
-    if (a.isNull() || b.isNull())
+    if (!Access::AreNumbers(a, b))
         return {};
     return Computed(operation, Access::Load(a), Access::Load(b));
 }
@@ -148,27 +147,32 @@ constexpr auto kHighestWords = [] {
     return words;
 }();
 
-/// The mantissas of two numbers at the same number of places, with 128 bits.
-struct AlignedWide {
-    int128 a;
-    int128 b;
+enum class Sign { Plus, Minus };
+
+/// The sum or the difference of two mantissas at the same number of places, with 128 bits.
+struct WideSum {
+    int128 mantissa;
     std::int64_t places;
 
     /// False if one is null, or if they are too far apart or too long.
+    template <Sign sign>
     bool Take(const RWDecimal96& left, const RWDecimal96& right)
     {
-        using Long = RWDecimal96Long;
         const std::int64_t distance = DistanceOf(left, right);
-        if (left.isNull() || right.isNull() || std::abs(distance) > Long::kMostZeros)
+        const std::int64_t gap = std::abs(distance);
+        const bool isLeftCoarse = distance < 0;
+        const RWDecimal96& coarse = isLeftCoarse ? left : right;
+        const RWDecimal96& fine = isLeftCoarse ? right : left;
+        if (!Access::AreNumbers(left, right) || gap > RWDecimal96Long::kMostZeros ||
+            !HasRoom(coarse, gap))
             return false;
-        // Both are multiplied, one of them with 1: no branch depends on which has fewer places.
-        const std::int64_t scaleOfA = std::max<std::int64_t>(-distance, 0);
-        const std::int64_t scaleOfB = std::max<std::int64_t>(distance, 0);
-        if (!HasRoom(left, scaleOfA) || !HasRoom(right, scaleOfB))
-            return false;
-        a = Access::Mantissa(left) * zeldec::kPowers64[static_cast<std::size_t>(scaleOfA)];
-        b = Access::Mantissa(right) * zeldec::kPowers64[static_cast<std::size_t>(scaleOfB)];
-        places = Access::Places(left) + scaleOfA;
+        const int128 scaled =
+            Access::Mantissa(coarse) * zeldec::kPowers64[static_cast<std::size_t>(gap)];
+        if constexpr (sign == Sign::Plus)
+            mantissa = scaled + Access::Mantissa(fine);
+        else
+            mantissa = zeldec::WithSign(scaled - Access::Mantissa(fine), -int128{!isLeftCoarse});
+        places = Access::Places(fine);
         return true;
     }
 
@@ -199,17 +203,16 @@ private:
 }
 
 /// Sums of up to 127 bits, rounded if need be; what takes more is left to the core.
-template <typename Kind, Status (*operation)(const Number&, const Number&, Number&)>
+template <Sign sign, Status (*operation)(const Number&, const Number&, Number&)>
 [[gnu::always_inline]] inline RWDecimal96 SumOf(const RWDecimal96& a, const RWDecimal96& b)
 {
-    AlignedWide aligned;
-    if (aligned.Take(a, b)) {
-        const int128 sum = Kind()(aligned.a, aligned.b);
-        const int128 sign = zeldec::SignOf(sum);
-        const auto magnitude = static_cast<uint128>(zeldec::WithSign(sum, sign));
+    WideSum sum;
+    if (sum.Take<sign>(a, b)) {
+        const int128 signOfSum = zeldec::SignOf(sum.mantissa);
+        const auto magnitude = static_cast<uint128>(zeldec::WithSign(sum.mantissa, signOfSum));
         zeldec::Fitted fitted;
-        if (zeldec::FitNarrow(magnitude, aligned.places, fitted))
-            return Signed(fitted, sign);
+        if (zeldec::FitNarrow(magnitude, sum.places, fitted))
+            return Signed(fitted, signOfSum);
     }
     return ComputedOf<operation>(a, b);
 }
@@ -343,19 +346,18 @@ RWDecimal96 RWDecimal96::from(double number)
 
 RWDecimal96 RWDecimal96Long::Sum(const RWDecimal96& a, const RWDecimal96& b)
 {
-    return SumOf<std::plus<>, zeldec::Add>(a, b);
+    return SumOf<Sign::Plus, zeldec::Add>(a, b);
 }
 
 RWDecimal96 RWDecimal96Long::Difference(const RWDecimal96& a, const RWDecimal96& b)
 {
-    return SumOf<std::minus<>, zeldec::Subtract>(a, b);
+    return SumOf<Sign::Minus, zeldec::Subtract>(a, b);
 }
 
 RWDecimal96 RWDecimal96Long::Product(const RWDecimal96& a, const RWDecimal96& b)
 {
     zeldec::Fitted product;
-    if (!a.isNull() && !b.isNull() &&
-        zeldec::MultiplyLong(Access::Load(a), Access::Load(b), product))
+    if (Access::AreNumbers(a, b) && zeldec::MultiplyLong(Access::Load(a), Access::Load(b), product))
         return SignedLike(a, b, product);
     return ComputedOf<zeldec::Multiply>(a, b);
 }
@@ -366,7 +368,7 @@ RWDecimal96 operator/(const RWDecimal96& a, const RWDecimal96& b)
     if ((Access::AreShort(a, b) &&
          zeldec::DivideShort(Magnitude(Access::LowWords(a)), Magnitude(Access::LowWords(b)),
                              DistanceOf(a, b), quotient)) ||
-        (!a.isNull() && !b.isNull() &&
+        (Access::AreNumbers(a, b) &&
          zeldec::DivideLong(Access::Load(a), Access::Load(b), quotient)))
         return SignedLike(a, b, quotient);
     return ComputedOf<zeldec::Divide>(a, b);

@@ -46,6 +46,13 @@ struct RWDecimal96Access {
         return static_cast<std::int64_t>(Swapped(words));
     }
 
+    /// Whether neither is null.
+    static bool AreNumbers(const RWDecimal96& a, const RWDecimal96& b)
+    {
+        static_assert(RWDecimalBase::NormalState == 0);
+        return (a.m_state | b.m_state) == 0;
+    }
+
     /// Whether it is a number, not null, whose mantissa fits 64 bits.
     static bool IsShort(const RWDecimal96& number) { return Strangeness(number) == 0; }
 

@@ -353,7 +353,7 @@ bool DivideLong(const Number& a, const Number& b, Fitted& result)
     if (scaled.bits > 63 || !scaled.IsSure())
         return false;
     result.magnitude = scaled.Rounded();
-    return result.magnitude <= kLargestMagnitude;
+    return IsSurelyWithin(result.magnitude);
 }
 
 bool DivideShort(std::uint64_t a, std::uint64_t b, std::int64_t difference, Fitted& result)
@@ -390,7 +390,7 @@ bool DivideShort(std::uint64_t a, std::uint64_t b, std::int64_t difference, Fitt
                        OneIf(tail.remainder >= b - tail.remainder);
     result.places += second;
     result.inexact = true;
-    return tail.remainder != 0 && result.magnitude <= kLargestMagnitude;
+    return tail.remainder != 0 && IsSurelyWithin(result.magnitude);
 }
 
 Status Remainder(const Number& a, const Number& b, Number& result)

@@ -14,6 +14,12 @@ enum class Rounding { Nearest, AwayFromZero, TowardZero };
 
 inline constexpr uint128 kLargestMagnitude = Power128(kMostDigits) - 1;
 
+/// Whether it is seen at once that a magnitude is no larger. The very largest are left to others.
+constexpr bool IsSurelyWithin(uint128 magnitude)
+{
+    return HighHalf(magnitude) < HighHalf(kLargestMagnitude);
+}
+
 /// An exact magnitude with its places.
 struct Exact {
     Wide magnitude;
@@ -63,7 +69,7 @@ struct NearQuotient {
 
 /// The number without its last `drop` digits, 1 to 37, rounded; `low` has its low 128 bits. It
 /// comes moved up by `zeros` bits to the highest of 128, one of more bits by less than none, what
-/// does not fit being cut off. False if the quotient has few digits or more than 28.
+/// does not fit being cut off. False if the quotient has few digits or perhaps more than 28.
 [[gnu::always_inline]] inline bool DropDigits(uint128 low, uint128 normalised, int zeros,
                                               std::int64_t drop, Fitted& result)
 {
@@ -84,23 +90,23 @@ struct NearQuotient {
         result.magnitude = (halves + 1) >> 1;
         result.inexact = distance != 0 || (halves & 1) != 0;
     }
-    return result.magnitude <= kLargestMagnitude;
+    return IsSurelyWithin(result.magnitude);
 }
 
 /// Fit for 128 bits and 27 places, the way of nearly all sums; false if it takes more.
 [[gnu::always_inline]] inline bool FitNarrow(uint128 magnitude, std::int64_t places, Fitted& result)
 {
-    const int length = BitLength(magnitude);
-    const std::int64_t drop =
-        std::max<std::int64_t>(CountDigits(magnitude, length) - kMostDigits, places - kMostPlaces);
+    int zeros = 0;
+    const uint128 normalised = Normalised(magnitude, zeros);
+    const std::int64_t drop = std::max<std::int64_t>(
+        CountDigits(magnitude, 128 - zeros) - kMostDigits, places - kMostPlaces);
     result = {magnitude, places, false};
     if (drop <= 0)
         return places >= 0;
     if (drop > places || drop > kLargestDivisor)
         return false;
-    const int zeros = 128 - length;
     result.places = places - drop;
-    return DropDigits(magnitude, magnitude << zeros, zeros, drop, result);
+    return DropDigits(magnitude, normalised, zeros, drop, result);
 }
 
 } // namespace zeldec

@@ -163,10 +163,15 @@ struct ShortQuotient {
 /// product / 2^128.
 inline uint128 UpperProduct(uint128 a, uint128 b)
 {
-    uint128 product = uint128{HighHalf(a)} * HighHalf(b);
-    product += HighHalf(uint128{HighHalf(a)} * LowHalf(b));
-    product += HighHalf(uint128{LowHalf(a)} * HighHalf(b));
-    return product;
+    const uint128 product = uint128{HighHalf(a)} * HighHalf(b);
+    std::uint64_t low = LowHalf(product);
+    std::uint64_t high = HighHalf(product);
+    const auto add = [&](uint128 cross) {
+        high += OneIf(__builtin_add_overflow(low, HighHalf(cross), &low));
+    };
+    add(uint128{HighHalf(a)} * LowHalf(b));
+    add(uint128{LowHalf(a)} * HighHalf(b));
+    return Joined(high, low);
 }
 
 /// Divides by 10^exponent, exponent 1 to 18.
