@@ -81,6 +81,40 @@ TEST(DecimalShortcuts, ComputeAtTheLimitsOfMantissas)
     }
 }
 
+/// The quick ways look at the upper word of a result alone, which many below the greatest share.
+TEST(DecimalShortcuts, ComputeJustBelowTheGreatestMantissa)
+{
+    const BigNatural end = BigNatural::PowerOfTen(28);
+    // The lowest with that upper word: 542101086 * 2^64.
+    const BigNatural edge = BigNatural::FromDigits("9999999995522011979606654976");
+    std::vector<BigNatural> mantissas;
+    for (const std::uint64_t distance : {1U, 2U, 3U, 1000U}) {
+        mantissas.insert(mantissas.end(), {end - distance, edge - distance, edge + (distance - 1)});
+    }
+    // What is added is smaller than a unit, factors and divisors are near 1.
+    std::vector<Decimal> others = {{false, 1000000001, 9},
+                                   {false, 999999999, 9},
+                                   {false, BigNatural::PowerOfTen(19) + 1, 19},
+                                   {false, BigNatural::PowerOfTen(27) - 1, 27},
+                                   {false, BigNatural::PowerOfTen(27) + 1, 27},
+                                   {false, BigNatural::PowerOfTen(20), 20}};
+    for (const std::int64_t places : {0, 5, 13}) {
+        for (const std::uint64_t tail : {1U, 4U, 5U, 6U, 9U})
+            others.push_back({false, tail, places + 1});
+        for (const std::uint64_t tail : {49U, 50U, 51U, 99U})
+            others.push_back({false, tail, places + 2});
+        for (const BigNatural& mantissa : mantissas) {
+            for (const Decimal& other : others) {
+                CheckAll({false, mantissa, places}, other);
+                CheckAll({true, mantissa, places}, other);
+                CheckAll(other, {false, mantissa, places});
+            }
+            if (HasFailure())
+                return;
+        }
+    }
+}
+
 /// Random mantissas with so many digits, around the lengths at which ways part.
 TEST(DecimalShortcuts, ComputeWithEveryNumberOfDigits)
 {
