@@ -181,7 +181,8 @@ struct TimeOfDay {
 inline constexpr std::string_view kMomentShape = "00.00.0000 00:00";
 
 /// Reads "dd.mm.yyyy hh:mm" and, which is its midnight, "dd.mm.yyyy", by rules that take them;
-/// whether the calendar has the numbers is not looked at. False for any other text and other rules.
+/// whether the calendar has the numbers is not looked at. False for any other text and other rules;
+/// the numbers may be changed then.
 inline bool ReadPlainMoment(std::string_view text, const DateRules& rules, zelrt::DateNumbers& date,
                             TimeOfDay& time) noexcept
 {
