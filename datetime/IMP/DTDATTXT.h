@@ -7,7 +7,6 @@
 #include "platform/runtime/digits.h"
 #include "platform/runtime/dotteddate.h"
 
-#include <array>
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
